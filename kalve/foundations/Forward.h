@@ -1,0 +1,83 @@
+// Every class of the kernel, named once, so that a header can speak of a class without including it.
+#pragma once
+
+// Containers.
+template <class T>
+class Tableau;
+template <class T>
+class Liste;
+template <class T>
+class Cell;
+
+// Value records.
+struct IntInterval;
+struct FloatInterval;
+struct DoubleInterval;
+struct Date;
+struct StructProcessAction;
+union UnifiedValue;
+
+class RNG;
+
+// Classes and entities.
+class MetaClass;
+class BasicEntity;
+class DescriptedEntity;
+class Entity;
+class ChangeStructureItem;
+
+// Descriptors.
+class Descriptor;
+class ConstantDescriptor;
+class VariableDescriptor;
+
+// Methods and arguments.
+class Method;
+class EntityMethod;
+class ProcessMethod;
+class EventMethod;
+class MonitorMethod;
+class EntitySpecMethod;
+class Argument;
+
+// Monitors and specifications.
+class DescValueMonitor;
+class StructureMonitor;
+class EntitySpec;
+class DescValueSpec;
+
+// The engine.
+class Simulation;
+class Event;
+class Process;
+class DiscreteProcess;
+class ContinuousProcess;
+
+// Inputs.
+class File;
+class LexicalInputFile;
+class SerialDataFile;
+class SequentialDataFile;
+class FactualDataFile;
+class OutputFile;
+struct StructField;
+class Parameter;
+
+// Outputs.
+class OutputSpec;
+class EntityOutputSpec;
+class EventOutputSpec;
+class ProcessOutputSpec;
+class EntityInstanceOS;
+class DescriptorOS;
+class MultipleDescriptorOS;
+class MDescOSParticipation;
+class ParameterOS;
+class DescTimeSeries;
+class ClockValueItem;
+struct StructEventData;
+struct StructProcessData;
+
+// Designs of experiments.
+class SerialDesignOfExperiment;
+class FactorialDesignOfExperiment;

@@ -1,0 +1,5 @@
+#include "kalve/foundations/SharedConstants.h"
+
+char gTimeString[gTimeStringSize] = "";
+char gInstanceNameString[gInstanceNameStringSize] = "";
+char gGlobalString[gGlobalStringSize] = "";

@@ -42,6 +42,7 @@ Event::Event(const Event& other) : mNextEvent(other.mNextEvent) {
 
 const Event& Event::operator=(const Event& other) {
   if (g_KV_TraceNewDelMode != 0) std::cout << "=assignation de " << this << " avec " << &other;
+  if (this == &other) return other;
   TakeDates(other);
   mClassName = other.mClassName;
   mIsRecorded = other.mIsRecorded;

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/Tableau.h"
 
 IntInterval::IntInterval(int lowBound, int highBound) : low(lowBound), high(highBound) {
   if (low > high) BadIntervalBounds(low, high);
@@ -21,4 +22,18 @@ void StructProcessAction::display() const { std::printf("{%x, %d}", Address32(pr
 
 unsigned Address32(const void* address) {
   return static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(address));
+}
+
+template <>
+void depth_delete<UnifiedValue*>(Tableau<Tableau<UnifiedValue*>*>& t, Tableau<int>* valueTypes) {
+  for (int row = 0; row < t.size(); ++row) {
+    const bool ownsTexts =
+        valueTypes != nullptr && row < valueTypes->size() && valueTypes->get_nth(row) == STRING;
+    for (UnifiedValue* value : *t[row]) {
+      if (ownsTexts && value != nullptr) std::free(value->stringValue);
+      delete value;
+    }
+    delete t[row];
+  }
+  t.erase();
 }

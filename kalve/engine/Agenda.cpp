@@ -1,0 +1,125 @@
+// The agenda: placement, removal and display of its events.
+//
+// The order rests on the cursor of the list. Inserting before the cursor's cell is done by putting the new
+// event into that cell and the old one into a new cell behind it.
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+#include "kalve/engine/Event.h"
+#include "kalve/engine/Simulation.h"
+#include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/Rng.h"
+
+int BeforeByDatePriority(Event* a, Event* b) {
+  gEquallyPlacedEventFlag = 0;
+  const int dateA = a->OccurrenceClockTime();
+  const int dateB = b->OccurrenceClockTime();
+  if (dateA != dateB) return dateA < dateB ? 1 : 0;
+  const short degreeA = a->PriorityDegree();
+  const short degreeB = b->PriorityDegree();
+  if (degreeA != degreeB) return degreeA < degreeB ? 1 : 0;
+  gEquallyPlacedEventFlag = 1;
+  return 0;
+}
+
+int Simulation::InsertInAgendaEvents(Event* event) {
+  if (AgendaRefuses(event)) return 0;
+  if (!mAgendaEvents.empty() && event->FirstProcess() == nullptr) UnspecifiedProcess(event);
+  return PlaceInAgenda(event);
+}
+
+int Simulation::InsertInAgendaEvents(Event* event, int priority, int clock) {
+  event->SetPriorityDegree(static_cast<short>(priority));
+  event->SetOccurrenceClockTime(clock);
+  return AgendaRefuses(event) ? 0 : PlaceInAgenda(event);
+}
+
+/// The end clock and the draw of the probability, which come before any look at the agenda.
+bool Simulation::AgendaRefuses(Event* event) const {
+  if (mEndClock < event->OccurrenceClockTime()) return true;
+  const float probability = event->GetOccurrenceProbability();
+  if (probability >= 1.0F) return false;
+  const int threshold = static_cast<int>(static_cast<double>(probability) * 100.0);
+  return RandomInteger(100) >= threshold;
+}
+
+int Simulation::PlaceInAgenda(Event* event) {
+  for (mAgendaEvents.go_head(); mAgendaEvents.is_current_in(); mAgendaEvents.go_next()) {
+    Event* current = mAgendaEvents.current();
+    const int before = mBeforeInAgenda(event, current);
+    if (before != 0) {
+      mAgendaEvents.replace_current_by_item(event);
+      mAgendaEvents.insert_after_current(current);
+      return 1;
+    }
+    if (gEquallyPlacedEventFlag != 0) {
+      mAgendaEvents.insert_after_current(event);
+      return 1;
+    }
+  }
+  mAgendaEvents.push_back(event);
+  return 1;
+}
+
+int Simulation::DelayInAgendaEvents(Event* event, int delay) {
+  mAgendaEvents.go_head();
+  if (!mAgendaEvents.is_current_in()) return 0;
+  // The search does not step: it is meant for the head.
+  for (Event* found = nullptr; found != event;) found = mAgendaEvents.current();
+  Cell<Event*>* next = mAgendaEvents.get_currentCell()->GetNextCell();
+  mAgendaEvents.remove_current();
+  event->SetOccurrenceClockTime(event->OccurrenceClockTime() + delay);
+  for (mAgendaEvents.set_currentCell(next); mAgendaEvents.is_current_in(); mAgendaEvents.go_next()) {
+    Event* current = mAgendaEvents.current();
+    if (mBeforeInAgenda(event, current) != 0) {
+      mAgendaEvents.replace_current_by_item(event);
+      mAgendaEvents.insert_after_current(current);
+      return 1;
+    }
+  }
+  mAgendaEvents.push_back(event);
+  return 1;
+}
+
+Event* Simulation::DepileAgendaEvents() {
+  mCurrentlyPoppedEvent = mAgendaEvents.front();
+  mAgendaEvents.pop_front();
+  return mCurrentlyPoppedEvent;
+}
+
+void Simulation::RemoveFromAgendaEvents(Event* event) { mAgendaEvents.remove_first(event); }
+
+void Simulation::RemoveFromAgendaEvents(Event* event, int deleteIt) {
+  mAgendaEvents.remove_first(event);
+  if (deleteIt != 0) event->DeleteInDepth();
+}
+
+void Simulation::PushBackToAgendaEvents(Event* event) { mAgendaEvents.push_back(event); }
+
+void Simulation::AssignBeforeInAgendaMethod(BeforeInAgenda before) { mBeforeInAgenda = before; }
+
+namespace {
+
+int DigitCount(int number) { return number < 1 ? 1 : static_cast<int>(std::log10(number)) + 1; }
+
+void DisplayAgendaEvent(int rank, Event* event) {
+  const int clock = event->OccurrenceClockTime();
+  const int priority = event->PriorityDegree();
+  const int padding = std::max(1, 9 - DigitCount(clock) - DigitCount(priority));
+  Process* process = event->FirstProcess();
+  std::printf("\nev %d(%x) t = %d p = %d%s%s (%x),...  %s,... '%s'", rank, Address32(event), clock, priority,
+              std::string(static_cast<std::size_t>(padding), ' ').c_str(), "", Address32(process),
+              StringActionType(event->FirstActionLabel()), "   ");
+}
+
+}  // namespace
+
+void Simulation::DisplayAgendaEvents() {
+  std::printf("\n état de l'agenda d'événements (avec le 1er processus seulement):");
+  int rank = 0;
+  for (GoHeadInAgenda(); IsCurrentInAgenda(); GoNextInAgenda())
+    DisplayAgendaEvent(++rank, GetCurrentInAgenda());
+  std::printf("\n");
+}

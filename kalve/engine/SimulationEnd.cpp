@@ -1,0 +1,43 @@
+// Copy and end of a simulation: they copy and free the events of the agenda.
+#include "kalve/engine/Event.h"
+#include "kalve/engine/Simulation.h"
+#include "kalve/foundations/Rng.h"
+
+Simulation::Simulation(Simulation& other)
+    : mNumId(other.mNumId),
+      mIterationCounter(other.mIterationCounter),
+      mClockTimeUnit(other.mClockTimeUnit),
+      mClockTimeUnitQuantity(other.mClockTimeUnitQuantity),
+      mClock(other.mClock),
+      mEndClock(other.mEndClock),
+      mEndTime(other.mEndTime),
+      mAbsoluteBeginningTime(other.mAbsoluteBeginningTime),
+      mAbsoluteEndTime(other.mAbsoluteEndTime),
+      mBeginningDate(std::make_unique<Date>(*other.mBeginningDate)),
+      mEndDate(std::make_unique<Date>(*other.mEndDate)),
+      mSpareDate(std::make_unique<Date>(*other.mSpareDate)),
+      mToBeStopped(other.mToBeStopped),
+      mCurrentlyPoppedEvent(other.mCurrentlyPoppedEvent),
+      mBeforeInAgenda(other.mBeforeInAgenda),
+      mIterationLimit(other.mIterationLimit),
+      mMode(other.mMode),
+      mSleepMilliseconds(other.mSleepMilliseconds),
+      mUserStep(other.mUserStep),
+      mLastPauseClock(other.mLastPauseClock),
+      mProgressStep(other.mProgressStep),
+      mProgressThreshold(other.mProgressThreshold),
+      mPermanentAgenda(other.mPermanentAgenda),
+      mPermanentAgendaSize(other.mPermanentAgendaSize),
+      mPermanentStructure(other.mPermanentStructure) {
+  for (other.GoHeadInAgenda(); other.IsCurrentInAgenda(); other.GoNextInAgenda())
+    mAgendaEvents.push_back(new Event(*other.GetCurrentInAgenda()));
+}
+
+Simulation::~Simulation() {
+  gFinalClock = mClock;
+  while (!mAgendaEvents.empty()) {
+    Event* event = mAgendaEvents.front();
+    mAgendaEvents.pop_front();
+    event->DeleteInDepth();
+  }
+}

@@ -378,7 +378,7 @@ void BinomialSetup::Start(double p, int n) {
     StartRegions(n);
 }
 
-void BinomialSetup::StartRegions(int n) {
+void BinomialSetup::StartRegions(int /*n*/) {
   fm = np + q;
   m = static_cast<int>(fm);
   npq = np * (1.0 - q);

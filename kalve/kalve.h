@@ -11,3 +11,7 @@
 #include "kalve/foundations/SharedConstants.h"
 #include "kalve/foundations/Tableau.h"
 #include "kalve/foundations/TraceSwitches.h"
+#include "kalve/inputs/File.h"
+#include "kalve/inputs/ParserFunction.h"
+#include "kalve/model/ApplicationHooks.h"
+#include "kalve/parsers/Parsers.h"

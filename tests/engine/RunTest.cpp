@@ -1,0 +1,135 @@
+// The main loop: what is popped, when it ends, what it prints.
+#include <gtest/gtest.h>
+
+#include <regex>
+
+#include "kalve/engine/Event.h"
+#include "kalve/engine/Simulation.h"
+#include "kalve/foundations/Chronometer.h"
+#include "tests/support/ChildProcess.h"
+
+namespace {
+
+class RunTest : public testing::Test {
+ protected:
+  RunTest() { pCurrentSim = &simulation; }
+  ~RunTest() override { pCurrentSim = nullptr; }
+
+  void Post(const char* name, int clock) {
+    auto* event = new Event(name);
+    if (simulation.InsertInAgendaEvents(event, 10, clock) == 0) event->DeleteInDepth();
+  }
+
+  Simulation simulation;
+};
+
+TEST_F(RunTest, EndsOnAnEmptyAgendaWithItsLastWord) {
+  Post("b", 20);
+  Post("a", 10);
+  EXPECT_EQ(OutputOf([&] { simulation.Run(); }), "FIN RUN\n");
+  EXPECT_EQ(OutputOf([&] {
+              simulation.Run();
+              std::printf("%d %d %d", simulation.Clock(), simulation.GetIterationCounter(),
+                          simulation.AgendaEventSize());
+            }),
+            "FIN RUN\n20 2 0");
+}
+
+TEST_F(RunTest, AnEventAtTheEndClockIsAppliedAndOneBehindItRefused) {
+  simulation.SetEndClock(30);
+  Post("last", 30);
+  Post("late", 31);
+  EXPECT_EQ(simulation.AgendaEventSize(), 1);
+  OutputOf([&] {
+    simulation.Run();
+    EXPECT_EQ(simulation.Clock(), 30);
+  });
+}
+
+TEST_F(RunTest, StopsAtItsIterationLimitAndGoesOnFromThere) {
+  for (int clock = 1; clock <= 8; ++clock) Post("e", clock);
+  EXPECT_EQ(OutputOf([&] {
+              simulation.Run(5);
+              std::printf("%d ", simulation.AgendaEventSize());
+              simulation.Run(2);
+              std::printf("%d %d", simulation.AgendaEventSize(), simulation.Clock());
+            }),
+            "FIN RUN\n3 FIN RUN\n1 7");
+}
+
+TEST_F(RunTest, AnEventBehindTheEndClockStopsTheRunUnappliedAndUnfreed) {
+  Event late("late");
+  late.SetOccurrenceClockTime(50);
+  simulation.SetEndClock(40);
+  simulation.PushBackToAgendaEvents(&late);
+  int iteration = 0;
+  simulation.RunCore(iteration);
+  EXPECT_EQ(simulation.ToBeStopped(), 1);
+  EXPECT_EQ(simulation.Clock(), 0);
+  EXPECT_EQ(simulation.CurrentlyPoppedEvent(), &late);
+  EXPECT_STREQ(late.ClassName(), "late");
+}
+
+TEST_F(RunTest, TracesTheAgendaWhileThePreviousClockIsInTheRange) {
+  for (int clock : {5, 6, 7}) Post("e", clock);
+  g_KV_actionLog_begClock = 5;
+  g_KV_actionLog_endClock = 5;
+  const std::string output = OutputOf([&] { simulation.Run(); });
+  g_KV_actionLog_begClock = 0;
+  g_KV_actionLog_endClock = -1;
+  const std::regex trace(
+      "\n=====>d.pilement 2 . partir de :  [0-9]+h[0-9]+'[0-9]+\n"
+      "\n .tat de l'agenda d'.v.nements \\(avec le 1er processus seulement\\):"
+      "\nev 1\\([0-9a-f]+\\) t = 6 p = 10[^\n]*"
+      "\nev 2\\([0-9a-f]+\\) t = 7 p = 10[^\n]*\n"
+      "FIN RUN\n");
+  EXPECT_TRUE(std::regex_match(output, trace)) << output;
+}
+
+TEST_F(RunTest, AnActiveChronometerSaysHowLongTheRunTook) {
+  Post("e", 1);
+  const std::string output = OutputOf([&] {
+    InitChrono();
+    StartChrono();
+    simulation.Run();
+  });
+  EXPECT_TRUE(std::regex_match(output, std::regex("DUREE EXECUTION : 0''[0-9]{3}\nFIN RUN\n"))) << output;
+}
+
+TEST_F(RunTest, TheDestructorFreesWhatIsLeftAndKeepsTheClock) {
+  const int living = Event::getNbConst() - Event::getNbDest();
+  {
+    Simulation other;
+    pCurrentSim = &other;
+    for (int clock : {1, 2, 3}) other.InsertInAgendaEvents(new Event("e"), 1, clock);
+    other.Clock(77);
+    const Simulation copy(other);
+    EXPECT_EQ(copy.AgendaEventSize(), 3);
+    EXPECT_NE(copy.AgendaEvents().front(), other.AgendaEvents().front());
+    EXPECT_EQ(copy.Clock(), 77);
+    EXPECT_STREQ(copy.GetInDir(), "");
+  }
+  EXPECT_EQ(gFinalClock, 77);
+  EXPECT_EQ(Event::getNbConst() - Event::getNbDest(), living);
+}
+
+TEST_F(RunTest, EndDateGivesTheEndClockAndShortYearsAreAfter2000) {
+  simulation.ClockTimeUnit(HOUR);
+  simulation.ClockTimeUnitQuantity(2);
+  simulation.SetBeginningDate(1, 1, 8);
+  simulation.SetEndDate(3, 1, 8, 1, 0, 0);
+  EXPECT_EQ(*simulation.BeginningDate(), Date(2008, 1, 1, 0, 0, 0));
+  EXPECT_EQ(*simulation.EndDate(), Date(2008, 1, 3, 1, 0, 0));
+  EXPECT_EQ(simulation.EndTime(), 49 * 3600);
+  EXPECT_EQ(simulation.EndClock(), 24);
+  simulation.SetEndDate(1, 1, 99);
+  EXPECT_EQ(simulation.EndDate()->year, 2099);
+}
+
+TEST_F(RunTest, ASimulatedEntityThatWasNotSetIsAFailure) {
+  EXPECT_EQ(
+      FailureOf([&] { simulation.SimulatedBasicEntity(); }).rfind("\n!!!============== NoSimulatedEntity", 0),
+      0U);
+}
+
+}  // namespace

@@ -118,6 +118,8 @@ class Simulation {
   void SimulatedEntity(BasicEntity* entity) { mSimulatedEntity = entity; }
   /// NoSimulatedEntity ends the run when there is none.
   BasicEntity* SimulatedBasicEntity() const;
+  /// model/EntityCasts.cpp
+  Entity* SimulatedEntity() const;
   /// Directories with their last separator; "" when not set.
   void SetInDir(const char* directory) { mInDir = directory; }
   const char* GetInDir() const { return mInDir.c_str(); }
@@ -132,7 +134,14 @@ class Simulation {
   /// Non-zero when the user interface wants to hear of structure changes.
   int IsStructureUpdated() const { return mPermanentStructure; }
 
+  // Dialogue: StructureAnswers.cpp
+  /// Writes the structure below the entity of that name, or below all free ones for "ROOT". With a depth of
+  /// 0 nothing below the word itself is written, with any other depth its direct parts.
+  void SendStringForWord(const char* word);
+  void SendStringForWord(const char* word, int depth);
+
  private:
+  friend struct SimulationProbe;  // tests
   bool AgendaRefuses(Event* event) const;
   int PlaceInAgenda(Event* event);
   int PutBefore(Event* event, Event* current);

@@ -125,7 +125,7 @@ void UnfoundProcessForAddingToEvent(const char* processClassName, ActionType act
 
 // Arguments: methods/MethodFailures.cpp
 [[noreturn]] void InexistantArgument(Method* method, int argumentId);
-[[noreturn]] void BadArgumentType(int methodId, int argumentId, const char* operation);
+[[noreturn]] void BadArgumentType(int argumentId, int methodId, const char* operation);
 [[noreturn]] void UnsupportedArgumentType(const char* methodName, Argument* argument);
 
 // Time and dates: foundations/FoundationFailures.cpp

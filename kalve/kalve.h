@@ -15,3 +15,5 @@
 #include "kalve/foundations/SharedConstants.h"
 #include "kalve/foundations/Tableau.h"
 #include "kalve/foundations/TraceSwitches.h"
+#include "kalve/outputs/DescTimeSeries.h"
+#include "kalve/specs/DescValueSpec.h"

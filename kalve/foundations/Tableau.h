@@ -277,12 +277,17 @@ template <class T>
 void Tableau<T>::reduce_to_disjunction() {
   using Interval = std::remove_pointer_t<T>;
   int last = -1;  // the reduced intervals are 0 to last
+  bool isLastNew = false;
   for (int i = 0; i < mSize; ++i) {
     T const interval = mItems[i];
-    if (last < 0 || interval->low > mItems[last]->high)
+    if (last < 0 || interval->low > mItems[last]->high) {
       mItems[++last] = interval;
-    else if (interval->high > mItems[last]->high)
-      mItems[last] = new Interval(mItems[last]->low, interval->high);
+      isLastNew = false;
+    } else if (interval->high > mItems[last]->high) {
+      if (!isLastNew) mItems[last] = new Interval(*mItems[last]);
+      mItems[last]->high = interval->high;
+      isLastNew = true;
+    }
   }
   mSize = last + 1;
 }

@@ -1,5 +1,6 @@
 // Insertion at both ends of an agenda of a thousand events, and popping with disposal, against a sorted
 // linked list of plain records.
+#include <algorithm>
 #include <list>
 
 #include "bench/Pair.h"
@@ -44,7 +45,7 @@ void InsertAt(benchmark::State& state, int clock) {
       },
       [&] {
         Insert(records, &record);
-        records.remove(&record);
+        records.erase(std::find(records.begin(), records.end(), &record));
       });
   for (Record* r : records) delete r;
 }

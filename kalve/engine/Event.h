@@ -1,29 +1,53 @@
 // Event: one entry of the agenda, a dated and prioritised list of couples (process, action).
 //
 // An event is built by constructor and owned by its maker until the agenda accepts it; from then on the
-// agenda owns it. It owns its couples. Class names are kept as pointers: the text must outlive the event.
+// agenda owns it. It owns its couples, never their processes. It owns its methods unless a raw copy shares
+// them: the destructor leaves them alone, DeleteInDepth destroys them. Class names are kept as pointers: the
+// text must outlive the event.
 #pragma once
 
 #include <string>
 
 #include "kalve/foundations/Records.h"
 #include "kalve/foundations/Tableau.h"
+#include "kalve/methods/MethodTable.h"
 
 class Event {
  public:
-  // Life
+  using VoidBody = void (*)(EventMethod*);
+  using BoolBody = bool (*)(EventMethod*);
+  using IntBody = int (*)(EventMethod*);
+
+  // Life: EventLife.cpp
+  /// With the seven predefined methods.
   Event();
   explicit Event(const char* className);
   Event(int classSymbol, const char* className);
   /// Priority from 0 to 99 (UnexpectedPriorityDegree).
   Event(short priority, const char* className);
-  /// The copy gets a number and a name of its own.
+  /// With the methods that the two flags ask for, beside those that draw dates.
+  Event(const char* className, int autoGenerate, int postConsequence);
+  /// A shell for raw copies: no method, no instance, not counted; false is reported and goes on.
+  explicit Event(bool withoutMethod);
+  /// Number and name of its own, copies of the methods, and new processes for the couples; two couples over
+  /// one process stay so.
   Event(const Event& other);
-  /// Takes dates, priority and class name pointer; number and instance name stay. Answers `other`.
+  /// A successor of the same class that shares methods with this event, which may then only be destroyed
+  /// shallowly. Discrete processes are raw-copied, continuous ones copied. The caller owns it.
+  Event* RawCopy();
+  /// Takes all but number and instance name; shares the processes, assigns the methods rank by rank.
+  /// Answers `other`.
   const Event& operator=(const Event& other);
+  /// Methods and processes live on.
   ~Event();
-  /// Destroys and frees the event; the pointer is dead afterwards.
+  /// Destroys the methods, then destroys and frees the event; the pointer is dead afterwards.
   void DeleteInDepth();
+  // EventDisposal.cpp
+  /// Frees the processes of the couples, each once.
+  void DeleteProcesses();
+  /// Frees what the event is done with: discrete processes (their methods too if `inDepth`) and continuous
+  /// ones that are to be deleted; processes that another event of an agenda holds are spared.
+  void DeleteProcessesIfNeeded(bool inDepth);
 
   // Identity
   int ClassSymbol() const { return mClassSymbol; }
@@ -45,6 +69,9 @@ class Event {
   int MinOccurrenceClockTime() const { return mMinOccurrenceClockTime; }
   int MaxOccurrenceClockTime() const { return mMaxOccurrenceClockTime; }
   void SetMinOccurrenceClockTime(int clock) { mMinOccurrenceClockTime = clock; }
+  /// Draws the date, once, by method RANDOMIZE_THISEVENTCLOCKTIME between the two bounds; equal bounds draw
+  /// nothing. UnauthorizedMaxOccurenceClockTime when the minimum is not set.
+  void SetMaxOccurrenceClockTime(int clock);
   /// Local calendar dates; a negative year is that of the present clock. pCurrentSim must have a clock unit.
   void SetOccurrenceDate(int day, int month, int year);
   void SetOccurrenceDate(int day, int month, int year, int hour, int minute, int second);
@@ -81,11 +108,66 @@ class Event {
   // Couples
   Tableau<StructProcessAction*> ListpProcessAction() const { return mListpProcessAction; }
   int LengthListProcessAction() const { return mListpProcessAction.size(); }
+  /// Adds a couple behind the others: actions of one process by rising number, at most one PROCEED, steps of
+  /// continuous processes rising within an action (UnexpectedAddToListProcessAction).
+  void AddProcessAction(Process* process, ActionType action);
+  /// By class name: a living process, else one of the application's making, after a warning.
+  void AddProcessAction(const char* processClassName, ActionType action);
+  /// Inserts a couple by action and step; one PROCEED at most (UnexpectedInsertInListProcessAction).
+  void InsertProcessAction(Process* process, ActionType action);
+  void InsertProcessAction(const char* processClassName, ActionType action);
+  void DisplayListProcessAction() const;
   /// Process and action of the first couple; null and UNSPECIFIED_ACTION, with a warning, without couples.
   Process* FirstProcess();
   ActionType FirstActionLabel();
   /// Frees the couples; the processes stay.
   void ClearListProcessAction();
+  // EventProcessedEntity.cpp
+  /// Entity of the process of that class, else of the last process; null when it is bound to none.
+  /// UnfoundProcessInEvent without couples.
+  BasicEntity* ProcessedBasicEntity(int processClass);
+  Entity* ProcessedEntity(int processClass);
+  /// Binds the process of that class (UnfoundProcessInEvent, BadProcessedEntityClass).
+  void ProcessedEntity(int processClass, BasicEntity* entity);
+
+  // Behaviour: EventMethods.cpp
+  void SetPostConsequence(VoidBody body);
+  void SetGenerateNextEvent(BoolBody body);
+  /// This one and the next exclude each other: the last call wins.
+  void SetUpdateNextEvent(VoidBody body);
+  void SetDefineNextEventClockTime(IntBody body);
+  void SetRandomizeThisEventClockTime(IntBody body);
+  void SetRandomizeNextEventClockTime(IntBody body);
+  void SetIsPoppingToSuspendMethod(BoolBody body);
+
+  // Methods. An id without method is reported (TabIndexOutOfRange), and null, 0, false or nothing follows.
+  /// Ignores methods that are not for events.
+  void AddMethod(Method* method);
+  Method* GetMethod(int id);
+  /// The first of that name, or null.
+  Method* GetMethod(const char* name) const { return mMethods.Named(name); }
+  Tableau<Method*> MethodTab() const { return mMethods.Methods(); }
+  Tableau<int> DualMethodTab() const { return mMethods.Ranks(); }
+  void AssignBody(int id, VoidBody body);
+  void AssignBody(int id, BoolBody body);
+  void AssignBody(int id, IntBody body);
+  void SetIntArgValue(int methodId, int argumentId, int value);
+  void SetEventArgValue(int methodId, int argumentId, Event* value);
+  /// Run the body without a look at the method's type.
+  void ExecVoidCoreMethod(int id);
+  bool ExecCorePredicate(int id);
+  int ExecIntCoreMethod(int id);
+  /// BadMethodValueType for a method of another type.
+  void ExecVoidMethod(int id);
+  bool ExecPredicate(int id);
+  int ExecIntMethod(int id);
+
+  // Consequences: EventConsequences.cpp
+  /// Acts on each couple in turn. Answers this event, a postponed copy that stands in the agenda already, or
+  /// null when that copy was refused.
+  Event* ApplyConsequences();
+  /// Non-zero when a successor was made (NextEvent).
+  int GenerateNextEventCore();
 
   // Recording and suspension marks
   int IsRecorded() const { return mIsRecorded; }
@@ -97,11 +179,35 @@ class Event {
 
   static int mInstanceNumber;
 
+  /// The agenda says that the event joins or leaves it: processes count the pending events that hold them.
+  void EnterAgenda() { StandInAgendas(1); }
+  void LeaveAgenda() { StandInAgendas(-1); }
+
  private:
   /// Every write of date and priority passes here.
   void Place(int clock, short priority);
   void TakeDates(const Event& other);
+  void TakeFlags(const Event& other);
+  void AddAllMethods();
   void TraceConstruction() const;
+  void StandInAgendas(int change);
+  void Append(StructProcessAction* couple, int rank);
+  template <class NewDiscrete>
+  void CopyCouples(const Event& other, NewDiscrete newDiscrete);
+  Process* ProcessOfClass(int processClass);
+  Tableau<Process*> DistinctProcesses() const;
+  Method* MethodOr(int id, const char* caller);
+  template <class Result>
+  Result Exec(int id, const char* caller);
+  template <class Result>
+  Result ExecTyped(int id, ValueTypeId type, const char* caller, const char* operation);
+  template <class Body>
+  void Assign(int id, Body body);
+  void ApplyExec(Process* process, int clock, Event*& result, int& inserted);
+  void ApplyInit(Process* process, int clock, Event*& result, int& inserted);
+  void ApplyStop(Process* process);
+  void ApplyProceed(Process* process);
+  void Postpone(Process* process, int clock, Event*& result, int& inserted);
 
   int mClassSymbol = K_INT_UNSIGNIFICANT;
   const char* mClassName = "";
@@ -124,6 +230,8 @@ class Event {
   EventOutputSpec* mOutputSpec = nullptr;
   int mIsPoppingToSuspend = 0;
   int mIsPoppingToResume = 0;
+  MethodTable mMethods;
+  int mAgendas = 0;  // how often it stands in an agenda
 
   static int _nbConst;
   static int _nbDest;

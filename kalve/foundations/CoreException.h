@@ -125,7 +125,7 @@ void UnfoundProcessForAddingToEvent(const char* processClassName, ActionType act
 
 // Arguments: methods/MethodFailures.cpp
 [[noreturn]] void InexistantArgument(Method* method, int argumentId);
-[[noreturn]] void BadArgumentType(int methodId, int argumentId, const char* operation);
+[[noreturn]] void BadArgumentType(int argumentId, int methodId, const char* operation);
 [[noreturn]] void UnsupportedArgumentType(const char* methodName, Argument* argument);
 
 // Time and dates: foundations/FoundationFailures.cpp
@@ -148,8 +148,8 @@ void BadDate(const char* where, int a, int b, int c, int d, int e, int f);
 [[noreturn]] void UnAuthorizedEntitySubDomain(DescValueSpec* spec, int classSymbol);
 
 // Parameters and the files they come from: inputs/InputFailures.cpp
-[[noreturn]] void InexistantTypedParameter(const char* operation, const char* className, const char* name,
-                                           const char* type);
+[[noreturn]] void InexistantTypedParameter(const char* className, const char* name, const char* type,
+                                           const char* operation);
 [[noreturn]] void InexistantParameter(const char* className, const char* name);
 [[noreturn]] void BadDateParameterValue(const char* className, const char* name);
 

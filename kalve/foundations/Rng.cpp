@@ -358,9 +358,9 @@ struct BinomialSetup {
   double fm, npq, p1, xm, xl, xr, c, xll, xlr, p2, p3, p4;
 
   void Start(double p, int n);
-  void StartRegions(int n);
-  bool Accepts(int ix, double v, int n) const;
-  bool StirlingAccepts(int ix, double logOfV, int n) const;
+  void StartRegions();
+  bool Accepts(int ix, double v) const;
+  bool StirlingAccepts(int ix, double logOfV) const;
 };
 
 BinomialSetup binomialSetup;
@@ -375,10 +375,10 @@ void BinomialSetup::Start(double p, int n) {
   if (np < 30.0)
     qn = std::pow(1.0 - q, n);
   else
-    StartRegions(n);
+    StartRegions();
 }
 
-void BinomialSetup::StartRegions(int /*n*/) {
+void BinomialSetup::StartRegions() {
   fm = np + q;
   m = static_cast<int>(fm);
   npq = np * (1.0 - q);
@@ -411,7 +411,7 @@ int BinomialByInversion(RNG& generator) {
   }
 }
 
-bool BinomialSetup::Accepts(int ix, double v, int n) const {
+bool BinomialSetup::Accepts(int ix, double v) const {
   const int k = std::abs(ix - m);
   if (k <= 20 || k >= npq / 2.0 - 1.0) {
     double f = 1.0;
@@ -423,25 +423,26 @@ bool BinomialSetup::Accepts(int ix, double v, int n) const {
   const double normal = -(static_cast<double>(k) * k / (2.0 * npq));
   const double logOfV = std::log(v);
   if (logOfV < normal - squeeze) return true;
-  return logOfV <= normal + squeeze && StirlingAccepts(ix, logOfV, n);
+  return logOfV <= normal + squeeze && StirlingAccepts(ix, logOfV);
 }
 
-/// Stirling's series for the logarithm of the ratio of probabilities to the mode's.
-bool BinomialSetup::StirlingAccepts(int ix, double logOfV, int n) const {
+/// Stirling's series for the logarithm of the ratio of the probabilities of the candidate and the mode, with
+/// the four plus signs and the real mode of the published algorithm, so that its sequences are met.
+bool BinomialSetup::StirlingAccepts(int ix, double logOfV) const {
   const auto correction = [](double x) {
     const double x2 = x * x;
     return (13860.0 - (462.0 - (132.0 - (99.0 - 140.0 / x2) / x2) / x2) / x2) / x / 166320.0;
   };
   const double x1 = ix + 1.0;
   const double f1 = fm + 1.0;
-  const double z = n + 1.0 - fm;
-  const double w = n - ix + 1.0;
-  return logOfV <= xm * std::log(f1 / x1) + (n - m + 0.5) * std::log(z / w) +
+  const double z = nsave + 1.0 - fm;
+  const double w = nsave - ix + 1.0;
+  return logOfV <= xm * std::log(f1 / x1) + (nsave - m + 0.5) * std::log(z / w) +
                        (ix - m) * std::log(w * q / (x1 * (1.0 - q))) + correction(f1) + correction(z) +
                        correction(x1) + correction(w);
 }
 
-int BinomialByRegions(RNG& generator, int n) {
+int BinomialByRegions(RNG& generator) {
   const BinomialSetup& t = binomialSetup;
   for (;;) {
     const double u = generator.rand_open01() * t.p4;
@@ -459,10 +460,10 @@ int BinomialByRegions(RNG& generator, int n) {
       v *= (u - t.p2) * t.xll;
     } else {
       ix = static_cast<int>(t.xr - std::log(v) / t.xlr);
-      if (ix > n) continue;
+      if (ix > t.nsave) continue;
       v *= (u - t.p3) * t.xlr;
     }
-    if (t.Accepts(ix, v, n)) return ix;
+    if (t.Accepts(ix, v)) return ix;
   }
 }
 
@@ -473,7 +474,7 @@ int RNG::binomial(double p, int n) {
   if (p >= 1.0) return n;
   BinomialSetup& t = binomialSetup;
   if (p != t.psave || n != t.nsave) t.Start(p, n);
-  const int x = t.np < 30.0 ? BinomialByInversion(*this) : BinomialByRegions(*this, n);
+  const int x = t.np < 30.0 ? BinomialByInversion(*this) : BinomialByRegions(*this);
   return p > 0.5 ? n - x : x;
 }
 

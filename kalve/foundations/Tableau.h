@@ -276,20 +276,15 @@ void Tableau<T>::MergeSort(int first, int last, Before before) {
 template <class T>
 void Tableau<T>::reduce_to_disjunction() {
   using Interval = std::remove_pointer_t<T>;
-  int last = -1;  // the reduced intervals are 0 to last
-  bool isLastNew = false;
-  for (int i = 0; i < mSize; ++i) {
-    T const interval = mItems[i];
-    if (last < 0 || interval->low > mItems[last]->high) {
-      mItems[++last] = interval;
-      isLastNew = false;
-    } else if (interval->high > mItems[last]->high) {
-      if (!isLastNew) mItems[last] = new Interval(*mItems[last]);
-      mItems[last]->high = interval->high;
-      isLastNew = true;
-    }
+  int reduced = 0;
+  for (int i = 0; i < mSize;) {
+    T const first = mItems[i];
+    auto high = first->high;
+    for (++i; i < mSize && !(mItems[i]->low > high); ++i)
+      if (mItems[i]->high > high) high = mItems[i]->high;
+    mItems[reduced++] = high > first->high ? new Interval(first->low, high) : first;
   }
-  mSize = last + 1;
+  mSize = reduced;
 }
 
 template <class T>

@@ -1,7 +1,8 @@
 // The main loop: what is popped, when it ends, what it prints.
 #include <gtest/gtest.h>
 
-#include <regex>
+#include <cctype>
+#include <string>
 
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
@@ -9,6 +10,22 @@
 #include "tests/support/ChildProcess.h"
 
 namespace {
+
+/// Every run of digits (or of hexadecimal digits in brackets) as one '#': hours, durations and addresses.
+std::string Masked(const std::string& text) {
+  std::string masked;
+  bool inBrackets = false;
+  for (char c : text) {
+    if (c == '(' || c == ')') inBrackets = c == '(';
+    const auto byte = static_cast<unsigned char>(c);
+    const bool isDigit = std::isdigit(byte) != 0 || (inBrackets && std::isxdigit(byte) != 0);
+    if (!isDigit)
+      masked += c;
+    else if (masked.empty() || masked.back() != '#')
+      masked += '#';
+  }
+  return masked;
+}
 
 class RunTest : public testing::Test {
  protected:
@@ -77,13 +94,14 @@ TEST_F(RunTest, TracesTheAgendaWhileThePreviousClockIsInTheRange) {
   const std::string output = OutputOf([&] { simulation.Run(); });
   g_KV_actionLog_begClock = 0;
   g_KV_actionLog_endClock = -1;
-  const std::regex trace(
-      "\n=====>d.pilement 2 . partir de :  [0-9]+h[0-9]+'[0-9]+\n"
-      "\n .tat de l'agenda d'.v.nements \\(avec le 1er processus seulement\\):"
-      "\nev 1\\([0-9a-f]+\\) t = 6 p = 10[^\n]*"
-      "\nev 2\\([0-9a-f]+\\) t = 7 p = 10[^\n]*\n"
-      "FIN RUN\n");
-  EXPECT_TRUE(std::regex_match(output, trace)) << output;
+  EXPECT_EQ(Masked(output),
+            "\n=====>dépilement # à partir de :  #h#'#\n"
+            "\n état de l'agenda d'événements (avec le #er processus seulement):"
+            "\nev #(#) t = # p = #        (#),...  UNSPECIFIED ACTION,... '   '"
+            "\nev #(#) t = # p = #        (#),...  UNSPECIFIED ACTION,... '   '\n"
+            "FIN RUN\n");
+  EXPECT_NE(output.find("dépilement 2 "), std::string::npos);
+  EXPECT_NE(output.find(" t = 6 p = 10 "), std::string::npos);
 }
 
 TEST_F(RunTest, AnActiveChronometerSaysHowLongTheRunTook) {
@@ -93,7 +111,8 @@ TEST_F(RunTest, AnActiveChronometerSaysHowLongTheRunTook) {
     StartChrono();
     simulation.Run();
   });
-  EXPECT_TRUE(std::regex_match(output, std::regex("DUREE EXECUTION : 0''[0-9]{3}\nFIN RUN\n"))) << output;
+  EXPECT_EQ(Masked(output), "DUREE EXECUTION : #''#\nFIN RUN\n");
+  EXPECT_EQ(output.size(), std::string("DUREE EXECUTION : 0''000\nFIN RUN\n").size());
 }
 
 TEST_F(RunTest, TheDestructorFreesWhatIsLeftAndKeepsTheClock) {

@@ -1,0 +1,139 @@
+// Process: what an event acts on. A named activity, usually bound to one entity, with a precondition, a
+// delay for when the precondition asks to wait, and methods. Two derived classes are used: DiscreteProcess
+// runs once, ContinuousProcess steps. Nothing is virtual: Subclass() and the marks of the readers tell which
+// class a process is, and copying and deleting go by them (ProcessDispatch.h).
+//
+// A process owns its methods, unless a raw copy shares them: the destructor leaves them alone, DeleteInDepth
+// of the derived classes destroys them. All living processes stand in mpInstanceTab, where the end of a
+// simulation finds what is left. Class names are kept as pointers.
+#pragma once
+
+#include <string>
+
+#include "kalve/foundations/Enumerations.h"
+#include "kalve/foundations/InstanceTable.h"
+#include "kalve/foundations/SharedConstants.h"
+#include "kalve/methods/MethodTable.h"
+
+class Process {
+ public:
+  using VoidBody = void (*)(ProcessMethod*);
+  using IntBody = int (*)(ProcessMethod*);
+
+  // Life
+  /// Precondition and postponement delay among its methods; registers nothing.
+  Process();
+  /// A shell for raw copies, without methods; false is reported and goes on.
+  explicit Process(bool withoutMethod);
+  Process(const Process& other);
+  Process& operator=(const Process&) = delete;
+  /// Leaves the methods alone.
+  ~Process();
+
+  // Identity
+  ProcessSubclassId Subclass() const { return mSubclass; }
+  void Subclass(ProcessSubclassId subclass) { mSubclass = subclass; }
+  int ClassSymbol() const { return mClassSymbol; }
+  void ClassSymbol(int symbol) { mClassSymbol = symbol; }
+  const char* ClassName() const { return mClassName; }
+  void ClassName(const char* name);
+  /// Rank of the process among those alive when it was made, from 1: it can recur within a run.
+  int ProcessInstanceNumber() const { return mThisInstanceNumber; }
+  const char* InstanceName() const { return mInstanceName.c_str(); }
+  void SetInstanceName(const char* name) { mInstanceName = name; }
+  /// "name_number".
+  void SetInstanceName(const char* name, int number);
+  /// Enters the table of living processes and gives number, class and name.
+  void AddInstance(int classSymbol, const char* className);
+  /// InexistantInstance when it is not in the table.
+  static void RemoveInstance(Process* process);
+  /// The index failure is reported, and null goes back.
+  static Process* GetInstance(int rank);
+
+  // Processed entity: ProcessBinding.cpp
+  /// The class of which the entity must be an instance.
+  int ProcessedEntityClassId() const { return mProcessedEntityClassId; }
+  void ProcessedEntityClassId(int classSymbol) { mProcessedEntityClassId = classSymbol; }
+  int HasProcessedEntity() const { return mHasProcessedEntity; }
+  void HasProcessedEntity(int flag) { mHasProcessedEntity = flag; }
+  int HasProcessedEntitySpec() const { return mHasProcessedEntitySpec; }
+  void HasProcessedEntitySpec(int flag) { mHasProcessedEntitySpec = flag; }
+  EntitySpec* ProcessedEntitySpec() const { return mProcessedEntitySpec; }
+  /// BadProcessedEntityClass for an entity of another class; null clears the pointer and leaves the flag.
+  void ProcessedEntity(BasicEntity* entity);
+
+  // Precondition and delay
+  int HasPrecondition() const { return mHasPrecondition; }
+  void HasPrecondition(int flag) { mHasPrecondition = flag; }
+  /// At least 1 lets the process go, 0 postpones its event, a negative answer gives it up.
+  void SetPrecondition(IntBody body);
+  int HasPostponementDelay() const { return mHasPostponementDelay; }
+  void HasPostponementDelay(int flag) { mHasPostponementDelay = flag; }
+  void SetPostponementDelay(IntBody body);
+  /// Clock ticks.
+  int PostponementDelay() const { return mPostponementDelay; }
+  void PostponementDelay(int delay) { mPostponementDelay = delay; }
+  /// Whether the disposal of its event frees it.
+  int ToBeDeleted() const { return mToBeDeleted; }
+  void ToBeDeleted(int flag) { mToBeDeleted = flag; }
+  int IsRecorded() const { return mIsRecorded; }
+  void IsRecorded(int flag) { mIsRecorded = flag; }
+  ProcessOutputSpec* GetOutputSpec() const { return mOutputSpec; }
+
+  // Methods. An id without method is reported (TabIndexOutOfRange), and null, 0 or nothing follows.
+  /// Ignores methods that are not for processes.
+  void AddMethod(Method* method);
+  Method* GetMethod(int id);
+  /// The first of that name, or null.
+  Method* GetMethod(const char* name) const { return mMethods.Named(name); }
+  Tableau<Method*> MethodTab() const { return mMethods.Methods(); }
+  Tableau<int> DualMethodTab() const { return mMethods.Ranks(); }
+  void AssignBody(int id, VoidBody body);
+  void AssignBody(int id, IntBody body);
+  void SetIntArgValue(int methodId, int argumentId, int value);
+  void SetEntityArgValue(int methodId, int argumentId, BasicEntity* value);
+  /// Run the body without a look at the method's type.
+  void ExecVoidCoreMethod(int id);
+  int ExecIntCoreMethod(int id);
+  /// BadMethodValueType for a method of another type.
+  void ExecVoidMethod(int id);
+  int ExecIntMethod(int id);
+
+  struct Ranks {
+    int RankOf(const Process* process) const { return process->mRank; }
+    void Keep(Process* process, int /*from*/, int to) const { process->mRank = to; }
+    void Forget(Process* /*process*/, int /*rank*/) const {}
+  };
+  static InstanceTable<Process, Ranks> mpInstanceTab;
+  static int mInstanceNumber;
+
+ protected:
+  /// What every raw copy and assignment takes beyond the copy constructor.
+  void TakeBinding(const Process& other);
+  Method* MethodOr(int id, const char* caller);
+
+  MethodTable mMethods;
+
+ private:
+  friend class Event;
+  friend struct Ranks;
+
+  ProcessSubclassId mSubclass = DISCRETE_PROCESS;
+  int mClassSymbol = K_INT_UNSIGNIFICANT;
+  const char* mClassName = "";
+  int mThisInstanceNumber = 0;
+  std::string mInstanceName;
+  BasicEntity* mProcessedEntity = nullptr;
+  int mProcessedEntityClassId = 0;
+  int mHasProcessedEntity = 0;
+  EntitySpec* mProcessedEntitySpec = nullptr;
+  int mHasProcessedEntitySpec = 0;
+  int mHasPrecondition = 0;
+  int mHasPostponementDelay = 0;
+  int mPostponementDelay = 1;
+  int mToBeDeleted = 0;
+  int mIsRecorded = 0;
+  ProcessOutputSpec* mOutputSpec = nullptr;
+  int mRank = K_INT_UNSIGNIFICANT;  // in mpInstanceTab
+  int mAgendaCouples = 0;           // couples of events in an agenda that hold this process
+};

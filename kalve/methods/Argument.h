@@ -1,0 +1,238 @@
+// Arguments: the typed, named slots of a method.
+//
+// A body takes no parameters but its method; what a call needs beyond the owner travels in the method's
+// arguments. A caller writes a slot by id (Method::SetArgValue), the body reads it, and the slot keeps its
+// last value between calls.
+//
+// An argument is built by the constructor of the method that it serves and belongs to it from AddArg on.
+// Nothing is virtual: the tag ClassType() tells the class. What a slot does with its value (own it, share
+// it, borrow it) is its keeping class, named in its row.
+#pragma once
+
+#include <string>
+
+#include "kalve/foundations/Enumerations.h"
+#include "kalve/foundations/SharedConstants.h"
+#include "kalve/foundations/Tableau.h"
+
+class Argument {
+ public:
+  /// Counts, and nothing else.
+  Argument() { ++_nbConst; }
+  Argument& operator=(const Argument&) = delete;
+  ~Argument();
+
+  ValueTypeId ClassType() const { return mClassType; }
+  void ClassType(ValueTypeId type) { mClassType = type; }
+  /// The id by which SetArgValue and Get...ArgValue find the slot.
+  int ClassSymbol() const { return mClassSymbol; }
+  void ClassSymbol(int id) { mClassSymbol = id; }
+  /// The pointer is kept, not the text; copies share it.
+  const char* ClassName() const { return mClassName; }
+  void ClassName(const char* name) { mClassName = name; }
+
+  /// Constructions, copies included, and destructions.
+  static int getNbConst() { return _nbConst; }
+  static int getNbDest() { return _nbDest; }
+
+ protected:
+  Argument(ValueTypeId type, int id, const char* name);
+  Argument(const Argument& other);
+
+ private:
+  void TraceConstruction() const;
+
+  ValueTypeId mClassType = VOID;
+  int mClassSymbol = K_INT_UNSIGNIFICANT;
+  const char* mClassName = "";
+
+  static int _nbConst;
+  static int _nbDest;
+};
+
+// Ways of keeping a value ------------------------------------------------------------------------------
+
+/// The value as it stands; a pointer is borrowed.
+template <class T>
+class PlainValue {
+ public:
+  using Value = T;
+  T Get() const { return mValue; }
+  void Set(T value) { mValue = value; }
+
+ private:
+  T mValue{};
+};
+
+/// A text of its own, empty at first; null counts as empty. What Get answers lives until the next Set.
+class TextValue {
+ public:
+  using Value = const char*;
+  const char* Get() const { return mText.c_str(); }
+  void Set(const char* text) { mText = std::string(text != nullptr ? text : ""); }
+
+ private:
+  std::string mText;
+};
+
+/// A borrowed table. A copy gets a new table that nobody frees; an assignment borrows the same one.
+template <class Item>
+class BorrowedTable {
+ public:
+  using Value = Tableau<Item>*;
+  BorrowedTable() = default;
+  BorrowedTable(const BorrowedTable& other)
+      : mTable(other.mTable != nullptr ? new Tableau<Item>(*other.mTable) : nullptr) {}
+  BorrowedTable& operator=(const BorrowedTable&) = default;
+  Value Get() const { return mTable; }
+  void Set(Value table) { mTable = table; }
+
+ private:
+  Value mTable = nullptr;
+};
+
+/// The holders of one table, in a ring, so that the last one knows that it is the last.
+class HolderRing {
+ public:
+  HolderRing() = default;
+  HolderRing(const HolderRing&) = delete;
+  HolderRing& operator=(const HolderRing&) = delete;
+  /// The holder must be alone.
+  void Join(const HolderRing& other);
+  /// True when there was no other holder.
+  bool Leave();
+
+ private:
+  mutable const HolderRing* mNext = this;
+};
+
+/// A table that dies with the last argument that holds it, whoever allocated it. An assignment shares it.
+/// A number table is null at first, a copy duplicates it, and the table replaced by Set goes back to the
+/// caller. A domain is empty at first, a copy shares it, and a replaced one is freed.
+enum class TableRole { Numbers, Domain };
+
+template <class Item, TableRole role>
+class HeldTable {
+ public:
+  using Value = Tableau<Item>*;
+  HeldTable() : mTable(isDomain ? new Tableau<Item> : nullptr) {}
+  HeldTable(const HeldTable& other) {
+    if constexpr (isDomain)
+      Share(other);
+    else if (other.mTable != nullptr)
+      mTable = new Tableau<Item>(*other.mTable);
+  }
+  HeldTable& operator=(const HeldTable& other) {
+    if (this == &other) return *this;
+    if (mHolders.Leave() && isDomain && mTable != other.mTable) delete mTable;
+    Share(other);
+    return *this;
+  }
+  ~HeldTable() {
+    if (mHolders.Leave()) delete mTable;
+  }
+  Value Get() const { return mTable; }
+  void Set(Value table) {
+    if (table == mTable) return;
+    if (mHolders.Leave() && isDomain) delete mTable;
+    mTable = table;
+  }
+
+ private:
+  static constexpr bool isDomain = role == TableRole::Domain;
+  void Share(const HeldTable& other) {
+    mTable = other.mTable;
+    mHolders.Join(other.mHolders);
+  }
+
+  Value mTable = nullptr;
+  HolderRing mHolders;
+};
+
+// The arguments ----------------------------------------------------------------------------------------
+
+template <ValueTypeId valueType, class Keeping>
+class TypedArgument : public Argument {
+ public:
+  using Value = typename Keeping::Value;
+  static constexpr ValueTypeId type = valueType;
+
+  TypedArgument(int id, const char* name) : Argument(type, id, name) {}
+  TypedArgument(const TypedArgument& other) = default;
+
+  Value GetValue() const { return mValue.Get(); }
+  void SetValue(Value value) { mValue.Set(value); }
+
+ protected:
+  void TakeValue(const TypedArgument& other) { mValue = other.mValue; }
+
+ private:
+  Keeping mValue;
+};
+
+// What each class adds: its constructor (id, name), and an assignment that moves the value alone and answers
+// its right-hand side.
+#define KALVE_ARGUMENT(Name)                  \
+ public:                                      \
+  using TypedArgument::TypedArgument;         \
+  Name(const Name&) = default;                \
+  const Name& operator=(const Name& source) { \
+    TakeValue(source);                        \
+    return source;                            \
+  }
+
+class IntArgument : public TypedArgument<INT, PlainValue<int>> {
+  KALVE_ARGUMENT(IntArgument)
+};
+class FloatArgument : public TypedArgument<FLOAT, PlainValue<float>> {
+  KALVE_ARGUMENT(FloatArgument)
+};
+class DoubleArgument : public TypedArgument<DOUBLE, PlainValue<double>> {
+  KALVE_ARGUMENT(DoubleArgument)
+};
+class StringArgument : public TypedArgument<STRING, TextValue> {
+  KALVE_ARGUMENT(StringArgument)
+};
+class EntityArgument : public TypedArgument<P_ENTITY, PlainValue<BasicEntity*>> {
+  KALVE_ARGUMENT(EntityArgument)
+};
+class EntityTabArgument : public TypedArgument<ENTITY_TAB, BorrowedTable<BasicEntity*>> {
+  KALVE_ARGUMENT(EntityTabArgument)
+};
+class IntDomainArgument : public TypedArgument<INTDOMAIN, HeldTable<IntInterval*, TableRole::Domain>> {
+  KALVE_ARGUMENT(IntDomainArgument)
+  /// Appends to the held table; the interval stays the caller's.
+  void AddValue(IntInterval* interval) { GetValue()->push_back(interval); }
+};
+class DescValueSpecArgument : public TypedArgument<P_DESCVALUESPEC, PlainValue<DescValueSpec*>> {
+  KALVE_ARGUMENT(DescValueSpecArgument)
+};
+class DescValueSpecTabArgument
+    : public TypedArgument<DESCVALUESPEC_TAB, PlainValue<Tableau<DescValueSpec*>*>> {
+  KALVE_ARGUMENT(DescValueSpecTabArgument)
+};
+class IntTabArgument : public TypedArgument<INT_TAB, HeldTable<int, TableRole::Numbers>> {
+  KALVE_ARGUMENT(IntTabArgument)
+};
+class FloatTabArgument : public TypedArgument<FLOAT_TAB, HeldTable<float, TableRole::Numbers>> {
+  KALVE_ARGUMENT(FloatTabArgument)
+};
+class DoubleTabArgument : public TypedArgument<DOUBLE_TAB, HeldTable<double, TableRole::Numbers>> {
+  KALVE_ARGUMENT(DoubleTabArgument)
+};
+class EventArgument : public TypedArgument<P_EVENT, PlainValue<Event*>> {
+  KALVE_ARGUMENT(EventArgument)
+};
+class DescriptorArgument : public TypedArgument<P_DESCRIPTOR, PlainValue<Descriptor*>> {
+  KALVE_ARGUMENT(DescriptorArgument)
+};
+#undef KALVE_ARGUMENT
+
+// By the tag -------------------------------------------------------------------------------------------
+
+/// A copy of the argument's own class; null for a plain Argument.
+Argument* NewArgumentCopy(const Argument& source);
+/// Assigns the value; both must have the source's type.
+void AssignArgument(Argument& target, const Argument& source);
+/// Destroys and frees, by the destructor of the tagged class.
+void DestroyArgument(Argument* argument);

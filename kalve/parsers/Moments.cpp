@@ -1,0 +1,100 @@
+#include "kalve/parsers/Moments.h"
+
+#include <ctime>
+
+#include "kalve/engine/Simulation.h"
+#include "kalve/foundations/CoreSimTime.h"
+#include "kalve/foundations/CoreTime.h"
+#include "kalve/foundations/FailureReport.h"
+
+namespace {
+
+int DaysOfMonth(int month, int year) {
+  constexpr int days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  const bool isLeap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+  return month == 2 && isLeap ? 29 : days[month - 1];
+}
+
+/// Years of two digits are of this century; a 29 February without a year waits for the year.
+void CheckDay(const Position& where, int day, int month, std::optional<int> year) {
+  const int written = year.value_or(0);
+  const int fullYear = written <= 99 ? written + 2000 : written;
+  if (day >= 1 && day <= DaysOfMonth(month, fullYear)) return;
+  const std::string shownYear = year ? Text(" %d", *year) : std::string();
+  FaultInFile(where, Text("le jour %d %s%s n'existe pas", day, MonthToChar(month), shownYear.c_str()));
+}
+
+/// The inverse is asked too: for an unknown word IndexMonth may answer the number of a month.
+int CheckedMonth(const Position& where, const std::string& month) {
+  const int number = IndexMonth(month.c_str());
+  const char* name = number >= 1 && number <= 12 ? MonthToChar(number) : nullptr;
+  if (name == nullptr || month != name)
+    SyntaxFault(where, Quoted(month), "JAN, FEV, MRS, AVR, MAI, JUN, JUL, AOU, SEP, OCT, NOV ou DEC");
+  return number;
+}
+
+long SecondsPerTick() {
+  constexpr long seconds[] = {86400, 3600, 60, 1};
+  return seconds[pCurrentSim->ClockTimeUnit()] * pCurrentSim->ClockTimeUnitQuantity();
+}
+
+void CheckHasClockUnit(const Position& where) {
+  if (pCurrentSim->ClockTimeUnitQuantity() < 1 || TimeUnitToChar(pCurrentSim->ClockTimeUnit()) == nullptr)
+    FaultInFile(where, "une date demande une unité d'horloge (CLOCK dans le fichier de la simulation)");
+}
+
+Date Today(const Date& time) {
+  const std::time_t now = std::time(nullptr);
+  std::tm today{};
+  localtime_r(&now, &today);
+  return {today.tm_year + 1900, today.tm_mon + 1, today.tm_mday, time.hour, time.minute, time.second};
+}
+
+}  // namespace
+
+TimeOfDay CheckedTime(const Position& where, int hour, int minute, int second) {
+  if (hour < 0 || hour > 23 || minute < 0 || minute > 59 || second < 0 || second > 59)
+    FaultInFile(where, Text("l'heure %02d:%02d:%02d n'existe pas", hour, minute, second));
+  return {hour, minute, second};
+}
+
+Date CheckedDate(const Position& where, int day, const std::string& month, std::optional<int> year,
+                 const TimeOfDay& time) {
+  const int number = CheckedMonth(where, month);
+  if (year && (*year < 0 || *year > 9999))
+    FaultInFile(where, Text("l'année %d n'est pas comprise entre 0 et 9999", *year));
+  CheckDay(where, day, number, year);
+  return {year.value_or(K_INT_UNSIGNIFICANT), number, day, time.hour, time.minute, time.second};
+}
+
+TimeUnit CheckedUnit(const Position& where, const std::string& unit) {
+  const auto number = static_cast<TimeUnit>(IndexUnite(unit.c_str()));
+  const char* name = TimeUnitToChar(number);
+  if (name == nullptr || unit != name) SyntaxFault(where, Quoted(unit), "DAY, HOUR, MINUTE ou SECOND");
+  return number;
+}
+
+int ClockOfDate(const Position& where, const Date& date) {
+  CheckHasClockUnit(where);
+  const long time = DateToAbsoluteTime(date.day, date.month, date.year, date.hour, date.minute, date.second);
+  const long interval = time - pCurrentSim->AbsoluteBeginningTime();
+  if (interval < 0) FaultInFile(where, "date antérieure au début de la simulation");
+  if (interval / SecondsPerTick() >= K_INTMAX)
+    FaultInFile(where, "date trop lointaine pour l'unité d'horloge de la simulation");
+  return TimeIntervalToClockNumber(interval);
+}
+
+int ClockOf(const Moment& moment) {
+  if (moment.kind == Moment::Kind::clock) {
+    if (moment.clock < 0) FaultInFile(moment.where, "date antérieure au début de la simulation");
+    return moment.clock;
+  }
+  if (moment.kind == Moment::Kind::today) return ClockOfDate(moment.where, Today(moment.date));
+  Date date = moment.date;
+  if (date.year < 0) {
+    CheckHasClockUnit(moment.where);
+    date.year = ClockValueToDate(pCurrentSim->Clock()).year;
+    CheckDay(moment.where, date.day, date.month, date.year);
+  }
+  return ClockOfDate(moment.where, date);
+}

@@ -1,0 +1,16 @@
+// The six parsers. Each opens the closed file that it is given, reads it with all that it includes, and hands
+// what it finds to the kernel. A fault in a file ends the run after a line that names the file, the line,
+// what was read and what was expected.
+#pragma once
+
+#include "kalve/foundations/Forward.h"
+
+/// Simulation parameters: clock unit, dates, directories of pCurrentSim (SimulationNotYetCreated without
+/// one).
+void Simu_Parser(LexicalInputFile* file);
+void Param_Parser(LexicalInputFile* file);
+void Structure_Parser(LexicalInputFile* file);
+void OutputSpec_Parser(LexicalInputFile* file);
+/// Directives: events for the agenda of pCurrentSim (SimulationNotYetCreated without one).
+void Directive_Parser(LexicalInputFile* file);
+void Expe_Parser(LexicalInputFile* file);

@@ -1,0 +1,61 @@
+#include "kalve/parsers/SimulationFile.h"
+
+#include "kalve/engine/Simulation.h"
+#include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/FailureReport.h"
+#include "kalve/foundations/TraceSwitches.h"
+#include "kalve/inputs/ParserFunction.h"
+
+namespace {
+
+LexicalInputFile* WithSimulation(LexicalInputFile* file) {
+  if (pCurrentSim == nullptr) SimulationNotYetCreated();
+  return file;
+}
+
+}  // namespace
+
+SimulationFile::SimulationFile(LexicalInputFile* file)
+    : ParseState(WithSimulation(file), {&g_KV_TraceParsingI, NLi, TLi}) {}
+
+void SimulationFile::SetUnit(const Position& where, int quantity, const std::string& unit) {
+  if (quantity < 1)
+    FaultInFile(where, Text("l'unité d'horloge compte %d : 1 au moins est attendu", quantity));
+  mUnit = {quantity, CheckedUnit(where, unit)};
+}
+
+void SimulationFile::SetBeginningToday(const TimeOfDay& time) {
+  mBeginning = {Moment::Kind::today, 0, Date(0, 0, 0, time.hour, time.minute, time.second)};
+}
+
+void SimulationFile::SetEndClock(const Position& where, int clock) {
+  if (clock < 0) FaultInFile(where, "la fin est antérieure au début de la simulation");
+  mEnd = {Moment::Kind::clock, clock, Date(0, 0, 0, 0, 0, 0), where};
+}
+
+void SimulationFile::Apply() const {
+  if (mUnit) {
+    pCurrentSim->ClockTimeUnitQuantity(mUnit->quantity);
+    pCurrentSim->ClockTimeUnit(mUnit->unit);
+  }
+  if (mBeginning) ApplyBeginning();
+  if (mEnd) ApplyEnd();
+  if (mInDir) pCurrentSim->SetInDir(mInDir->c_str());
+  if (mOutDir) pCurrentSim->SetOutDir(mOutDir->c_str());
+}
+
+void SimulationFile::ApplyBeginning() const {
+  const Date& date = mBeginning->date;
+  if (mBeginning->kind == Moment::Kind::today)
+    pCurrentSim->SetThisDayBeginningDate(date.hour, date.minute, date.second);
+  else
+    pCurrentSim->SetBeginningDate(date.day, date.month, date.year, date.hour, date.minute, date.second);
+}
+
+void SimulationFile::ApplyEnd() const {
+  if (mEnd->kind == Moment::Kind::clock) return pCurrentSim->SetEndClock(mEnd->clock);
+  Date date = mEnd->date;
+  if (date.year <= 99) date.year += 2000;
+  ClockOfDate(mEnd->where, date);  // refuses a date that has no clock
+  pCurrentSim->SetEndDate(date.day, date.month, date.year, date.hour, date.minute, date.second);
+}

@@ -1,0 +1,105 @@
+// The owners' pair of tables: ids, names, copies, shared methods.
+#include <gtest/gtest.h>
+
+#include "kalve/methods/Argument.h"
+#include "kalve/methods/Method.h"
+#include "kalve/methods/MethodTable.h"
+
+namespace {
+
+struct Owner {
+  MethodTable methods;
+  ~Owner() { methods.DestroyMethods(); }
+  void AddMethod(Method* method) { methods.Add(method); }
+  template <class Result>
+  Result Exec(int id) {
+    return static_cast<EntityMethod*>(methods[id])->Call<Result>();
+  }
+};
+
+template <class Operation>
+bool Throws(Operation operation) {
+  try {
+    operation();
+  } catch (int) {
+    return true;
+  }
+  return false;
+}
+
+TEST(MethodTable, FindsTheLaterOfAnIdAndTheFirstOfAName) {
+  Owner owner;
+  auto* first = new IntEntityMethod(70, "grow");
+  auto* second = new IntEntityMethod(70, "graze");
+  auto* third = new VoidEntityMethod(72, "grow");
+  for (Method* method : {static_cast<Method*>(first), static_cast<Method*>(second),
+                         static_cast<Method*>(third), static_cast<Method*>(second)})
+    owner.AddMethod(method);
+  EXPECT_EQ(owner.methods.Methods().size(), 3);
+  EXPECT_EQ(owner.methods.Rank(70), 2);  // a second addition points at the last rank
+  EXPECT_EQ(owner.methods[72], third);
+  EXPECT_EQ(owner.methods.Named("grow"), first);
+  EXPECT_EQ(owner.methods.Named("graze"), second);
+  EXPECT_EQ(owner.methods.Named("milk"), nullptr);
+}
+
+TEST(MethodTable, ThrowsForIdsWithoutMethod) {
+  Owner owner;
+  owner.AddMethod(new VoidEntityMethod(72, "grow"));
+  EXPECT_TRUE(Throws([&] { owner.methods[71]; }));
+  EXPECT_LT(owner.methods.Rank(71), 0);
+  EXPECT_TRUE(Throws([&] { owner.methods[73]; }));
+  EXPECT_TRUE(Throws([&] { owner.methods.Rank(73); }));
+  VoidEntityMethod unset;
+  EXPECT_TRUE(Throws([&] { owner.methods.Add(&unset); }));
+}
+
+TEST(MethodTable, CopiesTheKeptTypesInOrderAndEachMethodDiesOnce) {
+  const int born = Method::getNbConst();
+  const int dead = Method::getNbDest();
+  const int instances = Method::mInstanceNumber;
+  {
+    Owner source;
+    auto* size = new IntEntityMethod(71, "size");
+    size->AssignBody([](EntityMethod* m) { return m->GetIntArgValue(61); });
+    size->AddArg(new IntArgument(61, "factor"));
+    size->SetArgValue(61, 6);
+    source.AddMethod(new DoubleTabEntityMethod(70, "weights"));
+    source.AddMethod(size);
+    source.AddMethod(new VoidEntityMethod(72, "grow"));
+    Owner copy;
+    MethodTable::CopyMethods(source.methods, {VOID, INT}, copy);
+    EXPECT_EQ(copy.methods.Methods().size(), 2);
+    EXPECT_LT(copy.methods.Rank(70), 0);
+    EXPECT_EQ(copy.methods.Rank(72), 1);
+    size->SetArgValue(61, 7);
+    EXPECT_EQ(source.Exec<int>(71), 7);
+    EXPECT_EQ(copy.Exec<int>(71), 6);
+    EXPECT_TRUE(Throws([&] { Owner().methods.AssignMethods(source.methods); }));
+  }
+  EXPECT_EQ(Method::getNbConst() - born, 5);
+  EXPECT_EQ(Method::getNbDest() - dead, 5);
+  EXPECT_EQ(Method::mInstanceNumber - instances, -5);
+}
+
+TEST(MethodTable, AssignsRankByRank) {
+  Owner target;
+  Owner source;
+  for (Owner* owner : {&target, &source}) owner->AddMethod(new IntEntityMethod(70, "size"));
+  static_cast<IntEntityMethod*>(source.methods[70])->AssignBody([](EntityMethod*) { return 8; });
+  target.methods.AssignMethods(source.methods);
+  EXPECT_EQ(target.Exec<int>(70), 8);
+  EXPECT_NE(target.methods[70], source.methods[70]);
+}
+
+TEST(MethodTable, SharesMethodsUntilOneOwnerForgetsThem) {
+  Owner copy;
+  Owner source;
+  source.AddMethod(new VoidEntityMethod(72, "grow"));
+  copy.methods.Share(source.methods);
+  EXPECT_EQ(copy.methods[72], source.methods[72]);
+  source.methods.Forget();
+  EXPECT_TRUE(Throws([&] { source.methods[72]; }));
+}
+
+}  // namespace

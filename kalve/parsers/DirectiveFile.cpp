@@ -12,17 +12,8 @@
 #include "kalve/inputs/ParserFunction.h"
 #include "kalve/model/ApplicationHooks.h"
 
-namespace {
-
-LexicalInputFile* WithSimulation(LexicalInputFile* file) {
-  if (pCurrentSim == nullptr) SimulationNotYetCreated();
-  return file;
-}
-
-}  // namespace
-
 DirectiveFile::DirectiveFile(LexicalInputFile* file)
-    : ParseState(WithSimulation(file), {&g_KV_TraceParsingD, NLd, TLd}) {}
+    : ParseState(NeedingSimulation(file), {&g_KV_TraceParsingD, NLd, TLd}) {}
 
 // Parts of an event ------------------------------------------------------------------------------------
 

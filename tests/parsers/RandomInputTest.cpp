@@ -75,7 +75,7 @@ class RandomInputTest : public ParserTest {
 };
 
 TEST_F(RandomInputTest, MutatedFilesEndInOrder) {
-  for (int i = 0; i < 150; ++i) {
+  for (int i = 0; i < 100; ++i) {
     ExpectOrderlyEnd(ParseSimulationFile, Mutated(simulationExample));
     ExpectOrderlyEnd(ParseDirectiveFile, Mutated(directiveExample));
   }
@@ -85,7 +85,7 @@ TEST_F(RandomInputTest, MutatedFilesEndInOrder) {
 TEST_F(RandomInputTest, RandomBytesEndInOrder) {
   for (auto parse : {ParseParameterFile, ParseSimulationFile, ParseOutputSpecFile, ParseStructureFile,
                      ParseDirectiveFile, ParseExpeFile}) {
-    for (int i = 0; i < 12; ++i) {
+    for (int i = 0; i < 8; ++i) {
       std::string bytes(1 + Below(2000), '\0');
       for (char& byte : bytes) byte = i % 2 == 0 ? Byte() : static_cast<char>(1 + Below(255));
       ExpectOrderlyEnd(parse, bytes);

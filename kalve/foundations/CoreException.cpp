@@ -34,6 +34,11 @@ void ReportWarning(const char* format, ...) {
   va_end(arguments);
 }
 
+void FailOnIndex(const char* where, int size, int index) {
+  ReportTabIndexOutOfRange(where, size, index);
+  exitOnException(0);
+}
+
 std::string Text(const char* format, ...) {
   va_list arguments;
   va_start(arguments, format);

@@ -12,6 +12,9 @@
 /// Prints a warning if g_KV_TraceWarnings is 1.
 [[gnu::format(printf, 1, 2)]] void ReportWarning(const char* format, ...);
 
+/// The index report of `where`, and the end of the run: for callers without a right answer.
+[[noreturn]] void FailOnIndex(const char* where, int size, int index);
+
 /// Text of printf's arguments, of any length.
 [[gnu::format(printf, 1, 2)]] std::string Text(const char* format, ...);
 

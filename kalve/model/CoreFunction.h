@@ -1,0 +1,72 @@
+// Services over all instances: copy and delete by layer, lookups by class and name, small text helpers.
+//
+// A lookup answers null or -9 for what is not there, unless it says that it ends the run.
+#pragma once
+
+#include <type_traits>
+
+#include "kalve/foundations/Forward.h"
+#include "kalve/foundations/Tableau.h"
+
+// Copy and delete: EntityDispatch.cpp
+/// A deep copy by the layer that the entity's class descends from: a copy of an application class is a plain
+/// Entity of that class. StrangeEntity for an entity of no layer.
+BasicEntity* CopyEntity(BasicEntity* entity);
+/// `withMonitors` false takes the copied elements in past the monitors.
+BasicEntity* CopyEntity(BasicEntity* entity, bool withMonitors);
+/// Destroys the entity as what its type says, and frees it; StrangeEntity for an unknown type. An
+/// application class's own destructor does not run.
+void DeleteEntity(BasicEntity* entity);
+
+// Counts and lists by class symbol: EntityLookups.cpp
+/// -9 for an empty slot of the registry, an index failure beyond it.
+int GetEntityCreations(int classId);
+int GetEntityDeletions(int classId);
+/// Instances in the class's table.
+int GetNumberOfEntities(int classId);
+/// The class's own table; BadEntityClassSpecification for a negative symbol.
+Tableau<BasicEntity*>* GetEntityList(int classId);
+/// A new table of the instances without super-entity and super-set; the caller deletes it.
+/// BadEntityClassSpecification for a negative symbol, UnknownEntityClass for an empty slot.
+Tableau<BasicEntity*>* GetFreeEntityList(int classId);
+/// The same over all classes, each entity once.
+Tableau<BasicEntity*>* GetFreeEntityList();
+/// -9 beyond the registry.
+int GetNumberOfFreeEntities(int classId);
+
+// Lookups: EntityLookups.cpp
+/// The first instance of a class; null with a report for a class without any; UnknownEntityClass.
+BasicEntity* GetFirstBasicEntity(int classId);
+DescriptedEntity* GetFirstDescriptedEntity(int classId);
+Entity* GetFirstEntity(int classId);
+/// The first of that name in the highest class that has one.
+Entity* GetNamedEntity(const char* name);
+/// In one class, in all for an empty class name. BadEntityClassSpecification for an unknown name or a
+/// negative symbol, UnknownEntityClass for a symbol without a class.
+Entity* GetNamedEntity(const char* className, const char* name);
+Entity* GetNamedEntity(int classId, const char* name);
+
+// Positions: the first index of a match, -9 for none.
+template <class T>
+int GetPosition(const Tableau<T*>& items, const std::type_identity_t<T>* item) {
+  return items.position(const_cast<T*>(item));
+}
+/// By text.
+int GetPosition(const Tableau<const char*>& texts, const char* text);
+int GetPosition(const Tableau<char*>& texts, const char* text);
+/// By exact class.
+int GetPosition(const Tableau<BasicEntity*>& entities, int classId);
+/// By instance name.
+int GetPosition(const Tableau<BasicEntity*>& entities, const char* name);
+
+// Texts
+/// Writes n in decimal and answers the buffer, of at least 12 bytes.
+char* itoc(int n, char* buffer);
+/// The same, right-aligned in `width` columns.
+char* fillLeft(int width, int n, char* buffer);
+/// Copies `in` to `out`, of at least its length, with the first letter in upper case.
+void FirstToUpper(const char* in, char* out);
+/// A duplicate that the caller frees; null for null.
+char* my_strdup(const char* text);
+char* my_strdup1(const char* text);
+char* my_strdup2(const char* text);

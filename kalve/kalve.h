@@ -35,4 +35,6 @@
 #include "kalve/model/Entity.h"
 #include "kalve/model/MetaClass.h"
 #include "kalve/monitors/StructureMonitor.h"
+#include "kalve/outputs/DescTimeSeries.h"
 #include "kalve/parsers/Parsers.h"
+#include "kalve/specs/DescValueSpec.h"

@@ -5,12 +5,15 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <string>
 
+#include "kalve/engine/ContinuousProcess.h"
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/Rng.h"
+#include "kalve/model/BasicEntity.h"
 
 int BeforeByDatePriority(Event* a, Event* b) {
   gEquallyPlacedEventFlag = 0;
@@ -45,21 +48,50 @@ bool Simulation::AgendaRefuses(Event* event) const {
   return RandomInteger(100) >= threshold;
 }
 
+namespace {
+
+/// The entity of a process that says it has one; null, silently, of any other.
+BasicEntity* BoundEntity(Process* process) {
+  const bool isBound = process->HasProcessedEntity() != 0 || process->HasProcessedEntitySpec() != 0;
+  return isBound ? process->ProcessedBasicEntity() : nullptr;
+}
+
+Process* FirstOf(Event* event) {
+  return event->LengthListProcessAction() > 0 ? event->FirstProcess() : nullptr;
+}
+
+}  // namespace
+
+/// Two equally placed events are one when their first processes have one class name and one entity.
+bool Simulation::IsDuplicate(Event* event, Event* current) const {
+  Process* own = FirstOf(event);
+  Process* other = FirstOf(current);
+  return own != nullptr && other != nullptr && std::strcmp(own->ClassName(), other->ClassName()) == 0 &&
+         BoundEntity(own) == BoundEntity(other);
+}
+
 int Simulation::PlaceInAgenda(Event* event) {
   for (mAgendaEvents.go_head(); mAgendaEvents.is_current_in(); mAgendaEvents.go_next()) {
     Event* current = mAgendaEvents.current();
     const int before = mBeforeInAgenda(event, current);
-    if (before != 0) {
-      mAgendaEvents.replace_current_by_item(event);
-      mAgendaEvents.insert_after_current(current);
-      return 1;
-    }
-    if (gEquallyPlacedEventFlag != 0) {
+    const bool isEquallyPlaced = gEquallyPlacedEventFlag != 0;
+    if (isEquallyPlaced && IsDuplicate(event, current)) return 0;
+    if (before != 0) return PutBefore(event, current);
+    if (isEquallyPlaced) {
       mAgendaEvents.insert_after_current(event);
+      event->EnterAgenda();
       return 1;
     }
   }
-  mAgendaEvents.push_back(event);
+  PushBackToAgendaEvents(event);
+  return 1;
+}
+
+/// The event takes the cursor's cell, and the current one moves into a new cell behind it.
+int Simulation::PutBefore(Event* event, Event* current) {
+  mAgendaEvents.replace_current_by_item(event);
+  mAgendaEvents.insert_after_current(current);
+  event->EnterAgenda();
   return 1;
 }
 
@@ -69,34 +101,45 @@ int Simulation::DelayInAgendaEvents(Event* event, int delay) {
   // The search does not step: it is meant for the head.
   for (Event* found = nullptr; found != event;) found = mAgendaEvents.current();
   Cell<Event*>* next = mAgendaEvents.get_currentCell()->GetNextCell();
-  mAgendaEvents.remove_current();
+  RemoveCurrentInAgenda();
   event->SetOccurrenceClockTime(event->OccurrenceClockTime() + delay);
   for (mAgendaEvents.set_currentCell(next); mAgendaEvents.is_current_in(); mAgendaEvents.go_next()) {
     Event* current = mAgendaEvents.current();
-    if (mBeforeInAgenda(event, current) != 0) {
-      mAgendaEvents.replace_current_by_item(event);
-      mAgendaEvents.insert_after_current(current);
-      return 1;
-    }
+    if (mBeforeInAgenda(event, current) != 0) return PutBefore(event, current);
   }
-  mAgendaEvents.push_back(event);
+  PushBackToAgendaEvents(event);
   return 1;
 }
 
 Event* Simulation::DepileAgendaEvents() {
   mCurrentlyPoppedEvent = mAgendaEvents.front();
   mAgendaEvents.pop_front();
+  mCurrentlyPoppedEvent->LeaveAgenda();
   return mCurrentlyPoppedEvent;
 }
 
-void Simulation::RemoveFromAgendaEvents(Event* event) { mAgendaEvents.remove_first(event); }
-
-void Simulation::RemoveFromAgendaEvents(Event* event, int deleteIt) {
+void Simulation::RemoveFromAgendaEvents(Event* event) {
+  const int size = mAgendaEvents.size();
   mAgendaEvents.remove_first(event);
-  if (deleteIt != 0) event->DeleteInDepth();
+  if (mAgendaEvents.size() < size) event->LeaveAgenda();
 }
 
-void Simulation::PushBackToAgendaEvents(Event* event) { mAgendaEvents.push_back(event); }
+void Simulation::RemoveFromAgendaEvents(Event* event, int deleteIt) {
+  RemoveFromAgendaEvents(event);
+  if (deleteIt == 0) return;
+  event->DeleteProcesses();
+  event->DeleteInDepth();
+}
+
+void Simulation::RemoveCurrentInAgenda() {
+  mAgendaEvents.current()->LeaveAgenda();
+  mAgendaEvents.remove_current();
+}
+
+void Simulation::PushBackToAgendaEvents(Event* event) {
+  mAgendaEvents.push_back(event);
+  event->EnterAgenda();
+}
 
 void Simulation::AssignBeforeInAgendaMethod(BeforeInAgenda before) { mBeforeInAgenda = before; }
 
@@ -104,14 +147,27 @@ namespace {
 
 int DigitCount(int number) { return number < 1 ? 1 : static_cast<int>(std::log10(number)) + 1; }
 
+/// "tbs" for a continuous process that is to be stopped.
+const char* Marker(Process* process) {
+  const bool isStopped = process != nullptr && process->Subclass() == CONTINUOUS_PROCESS &&
+                         static_cast<ContinuousProcess*>(process)->ToBeStopped() != 0;
+  return isStopped ? "tbs" : "   ";
+}
+
 void DisplayAgendaEvent(int rank, Event* event) {
   const int clock = event->OccurrenceClockTime();
   const int priority = event->PriorityDegree();
   const int padding = std::max(1, 9 - DigitCount(clock) - DigitCount(priority));
   Process* process = event->FirstProcess();
-  std::printf("\nev %d(%x) t = %d p = %d%s%s (%x),...  %s,... '%s'", rank, Address32(event), clock, priority,
-              std::string(static_cast<std::size_t>(padding), ' ').c_str(), "", Address32(process),
-              StringActionType(event->FirstActionLabel()), "   ");
+  BasicEntity* entity = process != nullptr ? BoundEntity(process) : nullptr;
+  std::printf("\nev %d(%x) t = %d p = %d%s%s (%x),...  %s,... ", rank, Address32(event), clock, priority,
+              std::string(static_cast<std::size_t>(padding), ' ').c_str(),
+              process != nullptr ? process->ClassName() : "", Address32(process),
+              StringActionType(event->FirstActionLabel()));
+  if (entity != nullptr)
+    std::printf("sur '%s' %s", entity->InstanceName(), Marker(process));
+  else
+    std::printf("'%s'", Marker(process));
 }
 
 }  // namespace

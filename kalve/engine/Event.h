@@ -51,6 +51,7 @@ class Event {
 
   // Identity
   int ClassSymbol() const { return mClassSymbol; }
+  void ClassSymbol(int symbol) { mClassSymbol = symbol; }
   const char* ClassName() const { return mClassName; }
   void ClassName(const char* name);
   const char* InstanceName() const { return mInstanceName.c_str(); }
@@ -207,6 +208,7 @@ class Event {
   void ApplyInit(Process* process, int clock, Event*& result, int& inserted);
   void ApplyStop(Process* process);
   void ApplyProceed(Process* process);
+  void DescribeByMethods();
   void Postpone(Process* process, int clock, Event*& result, int& inserted);
 
   int mClassSymbol = K_INT_UNSIGNIFICANT;

@@ -6,7 +6,10 @@
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/Chronometer.h"
+#include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/CoreTime.h"
+#include "kalve/methods/Method.h"
+#include "kalve/methods/PredefinedIds.h"
 
 namespace {
 
@@ -79,5 +82,60 @@ void Simulation::RunCore(int& iteration) {
     return;
   }
   Clock(clock);
-  event->DeleteInDepth();
+  mEventInHand = event;
+  Event* result = event->ApplyConsequences();
+  if (result == event && event->HasPostConsequence() != 0) {
+    Method* method = event->GetMethod(EVENT_POSTCONSEQUENCE);
+    if (method == nullptr || !method->HasBodyAssigned())
+      UnspecifiedPredefinedMethod("postconsequence", event);
+    static_cast<EventMethod*>(method)->Call<void>();
+  }
+  DisposeOf(event, result);
+  mEventInHand = nullptr;
+}
+
+/// A postponed copy shares the event's methods, and so does a successor of its own class: the event then
+/// dies shallowly.
+void Simulation::DisposeOf(Event* event, Event* result) {
+  if (result == event && event->IsAutoGenerate() != 0) return DisposeOfGenerating(event);
+  const bool isPostponed = result != event && result != nullptr;
+  event->DeleteProcessesIfNeeded(!isPostponed);
+  if (isPostponed)
+    delete event;
+  else
+    event->DeleteInDepth();
+}
+
+namespace {
+
+bool HasBody(Event* event, int methodId) {
+  Method* method = event->GetMethod(methodId);
+  return method != nullptr && method->HasBodyAssigned();
+}
+
+}  // namespace
+
+void Simulation::DisposeOfGenerating(Event* event) {
+  const bool generates = HasBody(event, GENERATE_NEXTEVENT);
+  const bool updates = HasBody(event, UPDATE_NEXTEVENT);
+  const bool defines = HasBody(event, DEFINE_NEXTEVENTCLOCKTIME);
+  if (!generates && !updates && !defines) UnspecifiedPredefinedMethod("autogeneration", event);
+  Event* next = event->GenerateNextEventCore() != 0 ? event->NextEvent() : nullptr;
+  if (next == nullptr) {
+    event->DeleteProcessesIfNeeded(true);
+    event->DeleteInDepth();
+    return;
+  }
+  ++gNbGenInsert;
+  const bool isSameClass = event->ClassSymbol() == next->ClassSymbol();
+  const int inserted = InsertInAgendaEvents(next);
+  event->DeleteProcessesIfNeeded(!isSameClass);
+  if (isSameClass)
+    delete event;
+  else
+    event->DeleteInDepth();
+  if (inserted != 0) return;
+  if (g_KV_actionLog != 0) std::cout << "\n     ** génération, mais échec insertion";
+  next->DeleteProcessesIfNeeded(true);
+  next->DeleteInDepth();
 }

@@ -55,6 +55,10 @@ class Simulation {
   void PushBackToAgendaEvents(Event* event);
   void AssignBeforeInAgendaMethod(BeforeInAgenda before);
   void DisplayAgendaEvents();
+  /// Whether the head stands before `event` by the placement predicate. The agenda must not be empty.
+  bool IsFrontBefore(Event* event) const { return mBeforeInAgenda(mAgendaEvents.front(), event) != 0; }
+  /// The event that is being applied, null between two events.
+  Event* EventInHand() const { return mEventInHand; }
   /// The event popped last, null before the first; it is freed once it has been applied.
   Event* CurrentlyPoppedEvent() const { return mCurrentlyPoppedEvent; }
   int IsEmptyAgendaEvents() const { return mAgendaEvents.empty(); }
@@ -67,7 +71,7 @@ class Simulation {
   void GoNextInAgenda() { mAgendaEvents.go_next(); }
   bool IsCurrentInAgenda() const { return mAgendaEvents.is_current_in(); }
   Event* GetCurrentInAgenda() const { return mAgendaEvents.current(); }
-  void RemoveCurrentInAgenda() { mAgendaEvents.remove_current(); }
+  void RemoveCurrentInAgenda();
 
   // Run: RunLoop.cpp
   /// Run(K_INTMAX).
@@ -140,6 +144,10 @@ class Simulation {
   friend struct SimulationProbe;  // tests
   bool AgendaRefuses(Event* event) const;
   int PlaceInAgenda(Event* event);
+  int PutBefore(Event* event, Event* current);
+  bool IsDuplicate(Event* event, Event* current) const;
+  void DisposeOf(Event* event, Event* result);
+  void DisposeOfGenerating(Event* event);
   bool GoesOn(int iteration) const;
   void PrepareProgress();
   void EndNormally();
@@ -163,6 +171,7 @@ class Simulation {
   int mToBeStopped = 0;
   Liste<Event*> mAgendaEvents;
   Event* mCurrentlyPoppedEvent = nullptr;
+  Event* mEventInHand = nullptr;
   BeforeInAgenda mBeforeInAgenda;
   int mIterationLimit = 0;
   std::unique_ptr<RNG> mRandomGenerator;

@@ -1,5 +1,7 @@
 // Copy and end of a simulation: they copy and free the events of the agenda.
 #include "kalve/engine/Event.h"
+#include "kalve/engine/Process.h"
+#include "kalve/engine/ProcessDispatch.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/Rng.h"
 
@@ -30,7 +32,7 @@ Simulation::Simulation(Simulation& other)
       mPermanentAgendaSize(other.mPermanentAgendaSize),
       mPermanentStructure(other.mPermanentStructure) {
   for (other.GoHeadInAgenda(); other.IsCurrentInAgenda(); other.GoNextInAgenda())
-    mAgendaEvents.push_back(new Event(*other.GetCurrentInAgenda()));
+    PushBackToAgendaEvents(new Event(*other.GetCurrentInAgenda()));
 }
 
 Simulation::~Simulation() {
@@ -38,6 +40,9 @@ Simulation::~Simulation() {
   while (!mAgendaEvents.empty()) {
     Event* event = mAgendaEvents.front();
     mAgendaEvents.pop_front();
+    event->LeaveAgenda();
     event->DeleteInDepth();
   }
+  const Tableau<Process*> processes = Process::mpInstanceTab.Items();  // each deletion edits the original
+  for (Process* process : processes) DeleteProcessInDepth(process);
 }

@@ -91,6 +91,11 @@ class DescValueMonitor;
 class StructureMonitor;
 class EntitySpec;
 class DescValueSpec;
+class DescIntValueSpec;
+class DescFloatValueSpec;
+class DescDoubleValueSpec;
+class DescStringValueSpec;
+class DescEntityValueSpec;
 
 // The engine.
 class Simulation;

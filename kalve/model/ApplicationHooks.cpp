@@ -1,6 +1,7 @@
 #include "kalve/model/ApplicationHooks.h"
 
 #include <cstring>
+#include <initializer_list>
 
 #include "kalve/foundations/Enumerations.h"
 #include "kalve/foundations/NameTables.h"

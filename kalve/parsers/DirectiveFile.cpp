@@ -33,7 +33,9 @@ void DirectiveFile::Set(Optional<Value>& part, const Position& where, const Valu
 }
 
 void DirectiveFile::BeginEvent(const Position& where, const std::string& className) {
-  mEvent = {.where = where, .className = className};
+  mEvent = EventDirective{};
+  mEvent.where = where;
+  mEvent.className = className;
 }
 
 void DirectiveFile::SetMoment(const Position& where, const Moment& moment) {
@@ -116,7 +118,6 @@ int DirectiveFile::DrawnClock(Event* event) const {
   const int high = ClockOf(mEvent.to->value);
   if (high < low) FaultInFile(mEvent.to->where, "la seconde date de BETWEEN est antérieure à la première");
   event->SetMinOccurrenceClockTime(low);
-  event->SetMaxOccurrenceClockTime(high);
   if (low == high) return low;
   const long width = std::min(static_cast<long>(high) - low + 1, static_cast<long>(K_INTMAX));
   return std::min(high, low + RandomInteger(static_cast<int>(width)));

@@ -8,6 +8,7 @@
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/Chronometer.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/Owned.h"
 
 namespace {
 
@@ -75,7 +76,8 @@ TEST_F(RunTest, StopsAtItsIterationLimitAndGoesOnFromThere) {
 }
 
 TEST_F(RunTest, AnEventBehindTheEndClockStopsTheRunUnappliedAndUnfreed) {
-  Event late("late");
+  const OwnedEvent owned = MakeEvent("late");
+  Event& late = *owned;
   late.SetOccurrenceClockTime(50);
   simulation.SetEndClock(40);
   simulation.PushBackToAgendaEvents(&late);
@@ -97,8 +99,8 @@ TEST_F(RunTest, TracesTheAgendaWhileThePreviousClockIsInTheRange) {
   EXPECT_EQ(Masked(output),
             "\n=====>dépilement # à partir de :  #h#'#\n"
             "\n état de l'agenda d'événements (avec le #er processus seulement):"
-            "\nev #(#) t = # p = #        (#),...  UNSPECIFIED ACTION,... '   '"
-            "\nev #(#) t = # p = #        (#),...  UNSPECIFIED ACTION,... '   '\n"
+            "\nev #(#) t = # p = #       (#),...  UNSPECIFIED ACTION,... '   '"
+            "\nev #(#) t = # p = #       (#),...  UNSPECIFIED ACTION,... '   '\n"
             "FIN RUN\n");
   EXPECT_NE(output.find("dépilement 2 "), std::string::npos);
   EXPECT_NE(output.find(" t = 6 p = 10 "), std::string::npos);

@@ -1,0 +1,97 @@
+#include "kalve/engine/DiscreteProcess.h"
+
+#include <iostream>
+
+#include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/TraceSwitches.h"
+#include "kalve/methods/PredefinedMethods.h"
+
+int DiscreteProcess::_nbConst = 0;
+int DiscreteProcess::_nbDest = 0;
+
+namespace {
+
+/// What copies keep of a process's methods, by result type.
+constexpr ValueTypeSet copiedMethods = {VOID, INT};
+
+}  // namespace
+
+DiscreteProcess::DiscreteProcess() {
+  Subclass(DISCRETE_PROCESS);
+  AddMethod(new ExecProcess());
+}
+
+DiscreteProcess::DiscreteProcess(bool withoutMethod) : Process(withoutMethod) { Subclass(DISCRETE_PROCESS); }
+
+DiscreteProcess::DiscreteProcess(int classSymbol) : DiscreteProcess(classSymbol, "DiscreteProcess") {}
+
+DiscreteProcess::DiscreteProcess(int classSymbol, const char* className) : DiscreteProcess() {
+  ++_nbConst;
+  AddInstance(classSymbol, className);
+  if (g_KV_TraceNewDelMode != 0) std::cout << "\n+Construction du processus ponctuel " << this;
+}
+
+DiscreteProcess::DiscreteProcess(const DiscreteProcess& other)
+    : Process(other), mIsReadSDRec(other.mIsReadSDRec), mIsInitSDRec(other.mIsInitSDRec) {
+  ++_nbConst;
+  if (g_KV_TraceNewDelMode != 0)
+    std::cout << "++copy construction de DP " << ClassName() << " " << this << " <- " << &other;
+  MethodTable::CopyMethods(other.mMethods, copiedMethods, static_cast<Process&>(*this));
+  TakeFlags(other);
+}
+
+DiscreteProcess* DiscreteProcess::RawCopy() {
+  auto* copy = new DiscreteProcess(true);
+  ++_nbConst;
+  if (g_KV_TraceNewDelMode != 0)
+    std::cout << "\n++raw copy construction de DP " << ClassName() << " " << copy << " <- " << this;
+  copy->TakeBinding(*this);
+  copy->mIsReadSDRec = mIsReadSDRec;
+  copy->mIsInitSDRec = mIsInitSDRec;
+  copy->AddInstance(ClassSymbol(), ClassName());
+  copy->mMethods.Share(mMethods);
+  for (Method* method : copy->mMethods.Methods()) static_cast<ProcessMethod*>(method)->DescribedProcess(copy);
+  copy->TakeFlags(*this);
+  return copy;
+}
+
+const DiscreteProcess& DiscreteProcess::operator=(const DiscreteProcess& other) {
+  if (this == &other) return other;
+  TakeBinding(other);
+  ClassSymbol(other.ClassSymbol());
+  ClassName(other.ClassName());
+  mIsReadSDRec = other.mIsReadSDRec;
+  mIsInitSDRec = other.mIsInitSDRec;
+  try {
+    mMethods.AssignMethods(other.mMethods);
+  } catch (int index) {
+    TabIndexOutOfRange(index, "DiscreteProcess::operator=", &mMethods.Methods(), index, true);
+  }
+  TakeFlags(other);
+  return other;
+}
+
+DiscreteProcess::~DiscreteProcess() {
+  if (g_KV_TraceNewDelMode != 0) std::cout << "\n-Destruction du processus ponctuel " << this;
+  ++_nbDest;
+}
+
+void DiscreteProcess::DeleteInDepth() {
+  if (g_KV_TraceNewDelMode != 0) std::cout << "\n-Destruction profonde du processus ponctuel " << this;
+  mMethods.DestroyMethods();
+  delete this;
+}
+
+void DiscreteProcess::TakeMethodsOfItsOwn() {
+  const Tableau<Method*> shared = mMethods.Methods();
+  mMethods.Forget();
+  for (Method* method : shared)
+    if (Method* copy = NewMethodCopy(*method, copiedMethods)) AddMethod(copy);
+}
+
+void DiscreteProcess::TakeFlags(const DiscreteProcess& other) {
+  HasPrecondition(other.HasPrecondition());
+  HasPostponementDelay(other.HasPostponementDelay());
+}
+
+void DiscreteProcess::SetExec(VoidBody body) { AssignBody(EXEC_PROCESS, body); }

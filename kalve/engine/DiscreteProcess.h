@@ -1,0 +1,46 @@
+// DiscreteProcess: a process that runs once, at its event's date.
+#pragma once
+
+#include "kalve/engine/Process.h"
+
+class DiscreteProcess : public Process {
+ public:
+  DiscreteProcess();
+  /// A shell for raw copies.
+  explicit DiscreteProcess(bool withoutMethod);
+  explicit DiscreteProcess(int classSymbol);
+  DiscreteProcess(int classSymbol, const char* className);
+  /// With copies of the methods.
+  DiscreteProcess(const DiscreteProcess& other);
+  /// A copy that shares the methods, which describe it from now on; the caller owns it. This process may
+  /// then only be destroyed shallowly.
+  DiscreteProcess* RawCopy();
+  /// Takes all but number and instance name; assigns the methods rank by rank. Answers `other`.
+  const DiscreteProcess& operator=(const DiscreteProcess& other);
+  /// Leaves the methods alone.
+  ~DiscreteProcess();
+  /// Destroys the methods, then destroys and frees the process.
+  void DeleteInDepth();
+  /// Replaces shared methods by copies that describe this process.
+  void TakeMethodsOfItsOwn();
+
+  /// Runs at the event's date.
+  void SetExec(VoidBody body);
+  /// Marks of the processes that read factual files.
+  int IsReadSDRec() const { return mIsReadSDRec; }
+  void IsReadSDRec(int flag) { mIsReadSDRec = flag; }
+  int IsInitSDRec() const { return mIsInitSDRec; }
+  void IsInitSDRec(int flag) { mIsInitSDRec = flag; }
+
+  static int getNbConst() { return _nbConst; }
+  static int getNbDest() { return _nbDest; }
+
+ private:
+  void TakeFlags(const DiscreteProcess& other);
+
+  int mIsReadSDRec = 0;
+  int mIsInitSDRec = 0;
+
+  static int _nbConst;
+  static int _nbDest;
+};

@@ -1,0 +1,173 @@
+// Construction, copies and end of events: they make and share methods and processes.
+#include <cstdio>
+#include <cstring>
+#include <iostream>
+
+#include "kalve/engine/ContinuousProcess.h"
+#include "kalve/engine/DiscreteProcess.h"
+#include "kalve/engine/Event.h"
+#include "kalve/engine/ProcessDispatch.h"
+#include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/TraceSwitches.h"
+#include "kalve/methods/PredefinedMethods.h"
+
+Event::Event() : Event(K_INT_UNSIGNIFICANT, "") {}
+
+Event::Event(const char* className) : Event(K_INT_UNSIGNIFICANT, className) {}
+
+Event::Event(int classSymbol, const char* className) {
+  ++_nbConst;
+  AddInstance(classSymbol, className);
+  TraceConstruction();
+  AddAllMethods();
+}
+
+Event::Event(short priority, const char* className) {
+  ++_nbConst;
+  SetPriorityDegree(priority);
+  AddInstance(K_INT_UNSIGNIFICANT, className);
+  TraceConstruction();
+  AddAllMethods();
+}
+
+Event::Event(const char* className, int autoGenerate, int postConsequence)
+    : mAutoGenerate(autoGenerate), mHasPostConsequence(postConsequence) {
+  ++_nbConst;
+  AddInstance(K_INT_UNSIGNIFICANT, className);
+  TraceConstruction();
+  if (postConsequence != 0) AddMethod(new EventPostConsequence());
+  if (autoGenerate != 0) {
+    AddMethod(new GenerateNextEvent());
+    AddMethod(new UpdateNextEvent());
+    AddMethod(new DefineNextEventClockTime());
+  }
+  AddMethod(new RandomizeThisEventClockTime());
+  AddMethod(new RandomizeNextEventClockTime());
+  AddMethod(new IsPoppingToSuspend());
+}
+
+Event::Event(bool withoutMethod) {
+  if (!withoutMethod) std::printf("\nappel interdit du constructeur Event(withoutMethod)\n");
+}
+
+void Event::AddAllMethods() {
+  AddMethod(new GenerateNextEvent());
+  AddMethod(new EventPostConsequence());
+  AddMethod(new UpdateNextEvent());
+  AddMethod(new DefineNextEventClockTime());
+  AddMethod(new RandomizeThisEventClockTime());
+  AddMethod(new RandomizeNextEventClockTime());
+  AddMethod(new IsPoppingToSuspend());
+}
+
+void Event::TraceConstruction() const {
+  if (g_KV_TraceNewDelMode != 0)
+    std::cout << "\n+Construction de l'event " << this << " \"" << mClassName << "\"";
+}
+
+/// Date and its bounds, probability, priority, and what is said of the successor.
+void Event::TakeDates(const Event& other) {
+  mMinOccurrenceClockTime = other.mMinOccurrenceClockTime;
+  mMaxOccurrenceClockTime = other.mMaxOccurrenceClockTime;
+  mOccurrenceProbability = other.mOccurrenceProbability;
+  mMinDelayNextEvent = other.mMinDelayNextEvent;
+  mMaxDelayNextEvent = other.mMaxDelayNextEvent;
+  mNextEventClassName = other.mNextEventClassName;
+  mNextEventOccurrenceProbability = other.mNextEventOccurrenceProbability;
+  Place(other.mOccurrenceClockTime, other.mPriorityDegree);
+}
+
+void Event::TakeFlags(const Event& other) {
+  mIsRecorded = other.mIsRecorded;
+  mOutputSpec = other.mOutputSpec;
+  mAutoGenerate = other.mAutoGenerate;
+  mHasPostConsequence = other.mHasPostConsequence;
+}
+
+namespace {
+
+/// The entity by which two processes of one class name are told apart.
+Entity* BoundEntity(Process* process) {
+  const bool isBound = process->HasProcessedEntity() != 0 || process->HasProcessedEntitySpec() != 0 ||
+                       process->ProcessedEntityClassId() != 0;
+  return isBound ? process->ProcessedEntity() : nullptr;
+}
+
+bool AreAlike(Process* a, Process* b) {
+  return std::strcmp(a->ClassName(), b->ClassName()) == 0 && BoundEntity(a) == BoundEntity(b);
+}
+
+}  // namespace
+
+/// Couples over new processes; couples over processes that are alike share one.
+template <class NewDiscrete>
+void Event::CopyCouples(const Event& other, NewDiscrete newDiscrete) {
+  for (StructProcessAction* couple : other.mListpProcessAction) {
+    Process* source = couple->process;
+    if (source == nullptr) continue;
+    Process* copy = nullptr;
+    for (StructProcessAction* own : mListpProcessAction)
+      if (copy == nullptr && AreAlike(own->process, source)) copy = own->process;
+    if (copy == nullptr)
+      copy = source->Subclass() == DISCRETE_PROCESS ? newDiscrete(source) : CopyProcess(source);
+    if (copy != nullptr) AddProcessAction(copy, couple->action);
+  }
+}
+
+Event::Event(const Event& other) : mNextEvent(other.mNextEvent) {
+  ++_nbConst;
+  if (g_KV_TraceNewDelMode != 0) std::cout << "\n++copy construction de l'event " << this << " <- " << &other;
+  TakeDates(other);
+  AddInstance(other.mClassSymbol, other.mClassName);
+  TakeFlags(other);
+  mAutoGenerate = mHasPostConsequence = 0;
+  mIsPoppingToSuspend = other.mIsPoppingToSuspend;
+  mIsPoppingToResume = other.mIsPoppingToResume;
+  CopyCouples(other, CopyProcess);
+  MethodTable::CopyMethods(other.mMethods, {VOID, BOOLEAN, INT}, *this);
+  mAutoGenerate = other.mAutoGenerate;
+  mHasPostConsequence = other.mHasPostConsequence;
+}
+
+Event* Event::RawCopy() {
+  auto* copy = new Event(true);
+  ++_nbConst;
+  copy->TakeDates(*this);
+  copy->AddInstance(mClassSymbol, mClassName);
+  copy->CopyCouples(
+      *this, [](Process* process) -> Process* { return static_cast<DiscreteProcess*>(process)->RawCopy(); });
+  copy->mMethods.Share(mMethods);
+  for (Method* method : copy->mMethods.Methods()) static_cast<EventMethod*>(method)->DescribedEvent(copy);
+  copy->TakeFlags(*this);
+  return copy;
+}
+
+const Event& Event::operator=(const Event& other) {
+  if (g_KV_TraceNewDelMode != 0) std::cout << "=assignation de " << this << " avec " << &other;
+  if (this == &other) return other;
+  TakeDates(other);
+  mClassName = other.mClassName;
+  ClearListProcessAction();
+  for (StructProcessAction* couple : other.mListpProcessAction)
+    AddProcessAction(couple->process, couple->action);
+  try {
+    mMethods.AssignMethods(other.mMethods);
+  } catch (int index) {
+    TabIndexOutOfRange(index, "Event::operator=", &mMethods.Methods(), index, true);
+  }
+  TakeFlags(other);
+  return other;
+}
+
+Event::~Event() {
+  if (g_KV_TraceNewDelMode != 0)
+    std::cout << "\n-Destruction superficielle de l'event " << mClassName << " " << this;
+  ++_nbDest;
+  ClearListProcessAction();
+}
+
+void Event::DeleteInDepth() {
+  if (g_KV_TraceNewDelMode != 0) std::printf("\n-Destruction profonde de l'event %x\n", Address32(this));
+  mMethods.DestroyMethods();
+  delete this;
+}

@@ -1,0 +1,159 @@
+#include "kalve/engine/Process.h"
+
+#include <cstdio>
+#include <cstring>
+#include <iostream>
+
+#include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/InstanceName.h"
+#include "kalve/foundations/TraceSwitches.h"
+#include "kalve/methods/PredefinedMethods.h"
+
+InstanceTable<Process, Process::Ranks> Process::mpInstanceTab{Process::Ranks()};
+int Process::mInstanceNumber = 0;
+
+Process::Process() {
+  AddMethod(new ProcessPrecondition());
+  AddMethod(new ProcessPostponementDelay());
+}
+
+Process::Process(bool withoutMethod) {
+  if (!withoutMethod) std::printf("\nappel interdit du constructeur Process(withoutMethod)\n");
+}
+
+Process::Process(const Process& other)
+    : mSubclass(other.mSubclass),
+      mProcessedEntity(other.mProcessedEntity),
+      mProcessedEntityClassId(other.mProcessedEntityClassId),
+      mHasProcessedEntity(other.mHasProcessedEntity),
+      mProcessedEntitySpec(other.mProcessedEntitySpec),
+      mHasProcessedEntitySpec(other.mHasProcessedEntitySpec),
+      mPostponementDelay(other.mPostponementDelay),
+      mToBeDeleted(other.mToBeDeleted),
+      mIsRecorded(other.mIsRecorded) {
+  AddInstance(other.mClassSymbol, other.mClassName);
+}
+
+Process::~Process() {
+  if (g_KV_TraceNewDelMode != 0)
+    std::cout << "\n-Destruction du processus " << this << " (" << mClassName << ") ";
+  RemoveInstance(this);
+}
+
+void Process::TakeBinding(const Process& other) {
+  mSubclass = other.mSubclass;
+  mProcessedEntity = other.mProcessedEntity;
+  mProcessedEntityClassId = other.mProcessedEntityClassId;
+  mHasProcessedEntity = other.mHasProcessedEntity;
+  mProcessedEntitySpec = other.mProcessedEntitySpec;
+  mHasProcessedEntitySpec = other.mHasProcessedEntitySpec;
+  mPostponementDelay = other.mPostponementDelay;
+  mToBeDeleted = other.mToBeDeleted;
+  mIsRecorded = other.mIsRecorded;
+}
+
+// Identity
+
+void Process::AddInstance(int classSymbol, const char* className) {
+  mpInstanceTab.Add(this);
+  mThisInstanceNumber = ++mInstanceNumber;
+  mClassSymbol = classSymbol;
+  ClassName(className);
+  SetInstanceName(className, mThisInstanceNumber);
+}
+
+void Process::RemoveInstance(Process* process) {
+  if (!mpInstanceTab.Remove(process)) InexistantInstance("Process::RemoveInstance");
+  --mInstanceNumber;
+}
+
+Process* Process::GetInstance(int rank) {
+  const Tableau<Process*>& processes = mpInstanceTab.Items();
+  try {
+    return processes[rank];
+  } catch (int index) {
+    TabIndexOutOfRange(index, "Process::GetInstance", &processes, rank, true);
+    return nullptr;
+  }
+}
+
+void Process::ClassName(const char* name) { mClassName = name; }
+
+void Process::SetInstanceName(const char* name, int number) {
+  mInstanceName = ComposeInstanceName(name, number);
+}
+
+// Precondition and delay
+
+void Process::SetPrecondition(IntBody body) {
+  HasPrecondition(1);
+  AssignBody(PROCESS_PRECONDITION, body);
+}
+
+void Process::SetPostponementDelay(IntBody body) {
+  HasPostponementDelay(1);
+  AssignBody(PROCESS_POSTPONEMENT_DELAY, body);
+}
+
+// Methods
+
+void Process::AddMethod(Method* method) {
+  if (method->ObjectClass() != KV_PROCESS) return;
+  mMethods.Add(method);
+  static_cast<ProcessMethod*>(method)->DescribedProcess(this);
+}
+
+/// The method of an id; its absence is reported under the caller's name and answers null.
+Method* Process::MethodOr(int id, const char* caller) {
+  try {
+    return mMethods[id];
+  } catch (int index) {
+    TabIndexOutOfRange(index, caller, &mMethods.Ranks(), id, true);
+    return nullptr;
+  }
+}
+
+Method* Process::GetMethod(int id) { return MethodOr(id, "Process::GetMethod"); }
+
+void Process::AssignBody(int id, VoidBody body) {
+  if (Method* method = MethodOr(id, "Process::AssignBody"))
+    static_cast<ProcessMethod*>(method)->SetBody(body);
+}
+
+void Process::AssignBody(int id, IntBody body) {
+  if (Method* method = MethodOr(id, "Process::AssignBody"))
+    static_cast<ProcessMethod*>(method)->SetBody(body);
+}
+
+void Process::SetIntArgValue(int methodId, int argumentId, int value) {
+  if (Method* method = MethodOr(methodId, "Process::SetIntArgValue")) method->SetArgValue(argumentId, value);
+}
+
+void Process::SetEntityArgValue(int methodId, int argumentId, BasicEntity* value) {
+  if (Method* method = MethodOr(methodId, "Process::SetEntityArgValue"))
+    method->SetArgValue(argumentId, value);
+}
+
+void Process::ExecVoidCoreMethod(int id) {
+  if (Method* method = MethodOr(id, "Process::ExecVoidCoreMethod"))
+    static_cast<ProcessMethod*>(method)->Call<void>();
+}
+
+int Process::ExecIntCoreMethod(int id) {
+  Method* method = MethodOr(id, "Process::ExecIntCoreMethod");
+  return method != nullptr ? static_cast<ProcessMethod*>(method)->Call<int>() : 0;
+}
+
+void Process::ExecVoidMethod(int id) {
+  Method* method = MethodOr(id, "Process::ExecVoidMethod");
+  if (method == nullptr) return;
+  if (method->ClassType() != VOID) BadMethodValueType(this, method, "exec void method");
+  static_cast<ProcessMethod*>(method)->Call<void>();
+}
+
+int Process::ExecIntMethod(int id) {
+  Method* method = MethodOr(id, "Process::ExecIntMethod");
+  if (method == nullptr) return 0;
+  if (method->ClassType() != INT) BadMethodValueType(this, method, "exec int method");
+  return static_cast<ProcessMethod*>(method)->Call<int>();
+}

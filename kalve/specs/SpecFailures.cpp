@@ -1,0 +1,55 @@
+// Failures of entity and value specifications.
+#include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/FailureReport.h"
+#include "kalve/specs/DescValueSpec.h"
+
+void BadQuantitySpecification(int classSymbol, QuantificatorId quantificator, int quantity) {
+  ReportFailure("\n!!!============== BadQuantitySpecification ==============",
+                "\n!!! La quantité d'une spécification d'entités de classe %s est incorrecte."
+                "\n    quantificateur : %d\n    quantité : %d",
+                ClassSymbolText(classSymbol).c_str(), quantificator, quantity);
+}
+
+void NoReturnInstanceProcedure(const char* specName, int classSymbol) {
+  ReportFailure(
+      "\n!!!============== NoReturnInstanceProcedure ==============",
+      "\n!!! La spécification d'entités '%s' (classe %s)"
+      "\n    n'a été dotée ni d'un prédicat de sélection ni d'une fonction qui crée une liste d'entité.",
+      OrEmpty(specName), ClassSymbolText(classSymbol).c_str());
+}
+
+void NoInstantiationProcedure(const char* specName, int classSymbol) {
+  ReportFailure("\n!!!============== NoInstantiationProcedure ==============",
+                "\n!!! La spécification d'entités '%s' (classe %s)"
+                "\n    n'a pas été dotée d'une fonction qui crée une entité ou une liste d'entités.",
+                OrEmpty(specName), ClassSymbolText(classSymbol).c_str());
+}
+
+void BadRelationalOperator(int descriptorId, RelationalOperator relation) {
+  ReportFailure(
+      "\n!!!============== BadRelationalOperator ==============",
+      "\n!!! L'opérateur relationnel (%d) de la spécification de valeur n'est pas géré par le système."
+      "\n    Les opérateurs valides sont : IN NOT_IN.\n    descripteur : %s",
+      relation, DescriptorIdText(descriptorId).c_str());
+}
+
+namespace {
+
+constexpr const char* unAuthorizedEntitySubDomain =
+    "\n!!!============== UnAuthorizedEntitySubDomain ==============";
+
+}  // namespace
+
+void UnAuthorizedEntitySubDomain(DescValueSpec* spec, BasicEntity* entity) {
+  ReportFailure(unAuthorizedEntitySubDomain,
+                "\n!!! Ajout d'une entité (%p) à un domaine constitué de classes."
+                "\n    descripteur : %s",
+                static_cast<void*>(entity), DescriptorIdText(spec->GetDescId()).c_str());
+}
+
+void UnAuthorizedEntitySubDomain(DescValueSpec* spec, int classSymbol) {
+  ReportFailure(unAuthorizedEntitySubDomain,
+                "\n!!! Ajout d'une classe (%s) à un domaine constitué d'entités."
+                "\n    descripteur : %s",
+                ClassSymbolText(classSymbol).c_str(), DescriptorIdText(spec->GetDescId()).c_str());
+}

@@ -146,6 +146,7 @@ class Simulation {
 
  private:
   friend struct SimulationProbe;  // tests
+  friend struct AgendaProbe;
   bool AgendaRefuses(Event* event) const;
   int PlaceInAgenda(Event* event);
   int PutBefore(Event* event, Event* current);

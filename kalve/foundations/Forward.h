@@ -113,6 +113,11 @@ class FactualDataFile;
 class OutputFile;
 struct StructField;
 class Parameter;
+class ExternEntityIteratedActionSpec;
+class ExternEntityAdditionSpec;
+class ExternEntityPlugSpec;
+class ExternEndEntityAdditionSpec;
+class ExternEntityIterationSpec;
 
 // Outputs.
 class OutputSpec;

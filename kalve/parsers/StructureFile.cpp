@@ -4,6 +4,7 @@
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/FailureReport.h"
 #include "kalve/foundations/TraceSwitches.h"
+#include "kalve/inputs/Parameter.h"
 #include "kalve/inputs/ParserFunction.h"
 #include "kalve/model/CoreFunction.h"
 #include "kalve/model/Entity.h"
@@ -83,6 +84,15 @@ void StructureFile::MarkSimulated(const Position& where) {
   pCurrentSim->SimulatedEntity(mContainers.front());
   mContainers.front()->SetSimulation(pCurrentSim);
 }
+
+int StructureFile::IntParameter(const Position& where, const std::string& className,
+                                const std::string& name) const {
+  const FailureContext context(
+      [&] { AnnounceFault(where, Text("PARAM %s %s", Quoted(className).c_str(), Quoted(name).c_str())); });
+  return GetIntParameterValue(className.c_str(), name.c_str());
+}
+
+// Checks -----------------------------------------------------------------------------------------------
 
 void StructureFile::CheckNotInLoop(const Position& where, const char* word) const {
   if (!mLoops.empty()) FaultInFile(where, Text("%s ne peut pas se trouver dans une boucle FOR", word));

@@ -36,6 +36,9 @@ class StructureFile : public ParseState {
   void MarkSimulated(const Position& where);
   void EndEntity(const Position& where);
 
+  /// InexistantTypedParameter.
+  int IntParameter(const Position& where, const std::string& className, const std::string& name) const;
+
   // Loops; the outermost one runs at its EndLoop.
   void BeginLoop(const Position& where, const std::string& iterator, int first, int last);
   void EndLoop();

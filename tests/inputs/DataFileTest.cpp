@@ -228,7 +228,9 @@ TEST(OutputFile, TakesItsPlaceFromTheSimulation) {
     EXPECT_EQ(file.GetFullName(), c.fullName);
     EXPECT_EQ(GetOutputFile(c.name.c_str()), &file);
     EXPECT_EQ(file.ClassSymbol(), -2);
-    if (c.fullName.empty()) EXPECT_NE(FailureOf([&] { file.Open(); }).find("'b.txt'"), std::string::npos);
+    if (c.fullName.empty()) {
+      EXPECT_NE(FailureOf([&] { file.Open(); }).find("'b.txt'"), std::string::npos);
+    }
   }
   EXPECT_EQ(GetOutputFile("c.txt"), nullptr);
 }

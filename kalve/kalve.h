@@ -24,6 +24,7 @@
 #include "kalve/inputs/OutputFile.h"
 #include "kalve/inputs/Parameter.h"
 #include "kalve/inputs/ParserFunction.h"
+#include "kalve/inputs/ParserSpec.h"
 #include "kalve/inputs/SequentialDataFile.h"
 #include "kalve/inputs/SerialDataFile.h"
 #include "kalve/methods/Argument.h"

@@ -96,7 +96,7 @@ class DescTimeSeries {
 
   template <class Value>
   void Add(int clock, Value value, ValueTypeId type);
-  ClockValueItem* NewPlace();
+  ClockValueItem* NewChunk();
   void MoveTo(Chunk* chunk, ClockValueItem* item) {
     mCurrentChunk = chunk;
     mCurrent = item;
@@ -106,6 +106,8 @@ class DescTimeSeries {
   Chunk* mHead = nullptr;
   Chunk* mTail = nullptr;
   ClockValueItem* mLast = nullptr;
+  ClockValueItem* mEnd = nullptr;  // of the last chunk
+  bool mHoldsTexts = false;
   Chunk* mCurrentChunk = nullptr;  // holds mCurrent
   ClockValueItem* mCurrent = nullptr;
 };
@@ -114,7 +116,8 @@ class DescTimeSeries {
 
 /// A point's value as outputs and the user interface show it. Reals have `precision` decimals, or the form
 /// "%g", and are narrowed to single precision first, doubles too: files are compared byte for byte. An
-/// entity shows its name (nothing for a dead one or null), a point without value "_", any other type is empty.
+/// entity shows its name (nothing for a dead one or null), a point without value "_", any other type is
+/// empty.
 std::string UnifiedValueToString(const ClockValueItem* item, int precision);
 std::string UnifiedValueToString(const ClockValueItem* item);
 /// The same into a buffer of at least 500 bytes: the text is cut at 499 characters. Any other type leaves

@@ -1,6 +1,7 @@
 // The whole kernel.
 #pragma once
 
+#include "kalve/designs/DesignOfExperiment.h"
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/Chronometer.h"
@@ -17,8 +18,14 @@
 #include "kalve/foundations/SharedConstants.h"
 #include "kalve/foundations/Tableau.h"
 #include "kalve/foundations/TraceSwitches.h"
+#include "kalve/inputs/DataFiles.h"
+#include "kalve/inputs/FactualDataFile.h"
 #include "kalve/inputs/File.h"
+#include "kalve/inputs/OutputFile.h"
+#include "kalve/inputs/Parameter.h"
 #include "kalve/inputs/ParserFunction.h"
+#include "kalve/inputs/SequentialDataFile.h"
+#include "kalve/inputs/SerialDataFile.h"
 #include "kalve/methods/Argument.h"
 #include "kalve/methods/CoreMethod.h"
 #include "kalve/methods/Method.h"

@@ -8,6 +8,7 @@
 
 #include "tests/model/ModelTest.h"
 #include "tests/support/Allocations.h"
+#include "tests/support/AllocationCount.h"
 
 namespace {
 
@@ -143,6 +144,9 @@ TEST(TimeSeries, MemoryPerPointStaysSmallAndChangesWithinAClockCostNone) {
     EXPECT_LE(static_cast<double>(AllocationsSoFar().bytes - before.bytes) / c.points, c.bytesPerPoint)
         << c.points;
     EXPECT_LE(AllocationsSoFar().count - before.count, c.allocations) << c.points;
+    gAllocations = {};
+    EXPECT_LE(static_cast<double>(gAllocations.bytes) / c.points, c.bytesPerPoint) << c.points;
+    EXPECT_LE(gAllocations.calls, c.allocations) << c.points;
   }
 }
 

@@ -59,11 +59,10 @@ class AgendaIndex {
   AgendaCell* CellOf(Fences::const_iterator fence) const;
   AgendaCell* Head() const { return mAgenda.HeadCell(); }
   void MoveFence(Fences::iterator fence, AgendaCell* cell);
-  Fences::iterator AddFence(Fences::iterator hint, Key bound, AgendaCell* cell);
-  void DropFence(Fences::iterator fence);
+  void AddFence(Fences::iterator behind, Key bound, AgendaCell* cell);
   void FreeFirst();
-  Fences::iterator FencesCrossed(AgendaCell* start, AgendaCell* reached, Key key);
-  Fences::iterator FenceOn(AgendaCell* cell);
+  Fences::iterator Walked(Key key, AgendaCell* start, AgendaCell* reached);
+  Fences::iterator FenceOn(AgendaCell* cell, const Event* event);
   void Merge(Key from, Key to);
 
   Liste<Event*>& mAgenda;

@@ -28,15 +28,11 @@ void FactualDataFile::AddField(int number, ValueTypeId type) {
   SerialDataFile::AddField(number, type);
 }
 
-int FactualDataFile::GetIntFieldReadValue(int i) { return FieldValue(this, mReadTab, i, INT).intValue; }
-float FactualDataFile::GetFloatFieldReadValue(int i) {
-  return FieldValue(this, mReadTab, i, FLOAT).floatValue;
-}
-double FactualDataFile::GetDoubleFieldReadValue(int i) {
-  return FieldValue(this, mReadTab, i, DOUBLE).doubleValue;
-}
+int FactualDataFile::GetIntFieldReadValue(int i) { return FieldValue(mReadTab, i, INT).intValue; }
+float FactualDataFile::GetFloatFieldReadValue(int i) { return FieldValue(mReadTab, i, FLOAT).floatValue; }
+double FactualDataFile::GetDoubleFieldReadValue(int i) { return FieldValue(mReadTab, i, DOUBLE).doubleValue; }
 const char* FactualDataFile::GetStringFieldReadValue(int i) {
-  return FieldValue(this, mReadTab, i, STRING).stringValue;
+  return FieldValue(mReadTab, i, STRING).stringValue;
 }
 
 namespace {

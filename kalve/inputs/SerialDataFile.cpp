@@ -29,21 +29,19 @@ void SerialDataFile::AddField(int /*number*/, ValueTypeId type) {
   ++mNbFields;
 }
 
-UnifiedValue FieldValue(File* file, const Tableau<StructField*>& fields, int i, ValueTypeId type) {
+UnifiedValue SerialDataFile::FieldValue(const Tableau<StructField*>& fields, int i, ValueTypeId type) {
   if (i < 0 || i >= fields.size()) {
-    TabIndexOutOfRange(i, "FieldValue", &fields, i, true);
+    TabIndexOutOfRange(i, "SerialDataFile::FieldValue", &fields, i, true);
     exitOnException(0);
   }
-  if (fields[i]->mType != type) BadFieldValueType(file, i);
+  if (fields[i]->mType != type) BadFieldValueType(this, i);
   return fields[i]->mValue;
 }
 
-int SerialDataFile::GetIntFieldValue(int i) { return FieldValue(this, mFields, i, INT).intValue; }
-float SerialDataFile::GetFloatFieldValue(int i) { return FieldValue(this, mFields, i, FLOAT).floatValue; }
-double SerialDataFile::GetDoubleFieldValue(int i) { return FieldValue(this, mFields, i, DOUBLE).doubleValue; }
-const char* SerialDataFile::GetStringFieldValue(int i) {
-  return FieldValue(this, mFields, i, STRING).stringValue;
-}
+int SerialDataFile::GetIntFieldValue(int i) { return FieldValue(mFields, i, INT).intValue; }
+float SerialDataFile::GetFloatFieldValue(int i) { return FieldValue(mFields, i, FLOAT).floatValue; }
+double SerialDataFile::GetDoubleFieldValue(int i) { return FieldValue(mFields, i, DOUBLE).doubleValue; }
+const char* SerialDataFile::GetStringFieldValue(int i) { return FieldValue(mFields, i, STRING).stringValue; }
 
 void SerialDataFile::AssignFormat(const char* key, const char* data) {
   mFormatKey = key;

@@ -65,6 +65,8 @@ class SerialDataFile : public File {
   /// What a reader function's answer means: -1, the end, and a count of fields that is enough are given back;
   /// fewer are BadFileRead.
   int CheckedCount(int count);
+  /// Field i of one of the file's tables, which must be of the type.
+  UnifiedValue FieldValue(const Tableau<StructField*>& fields, int i, ValueTypeId type);
   static void DeleteFields(Tableau<StructField*>& fields);
 
   int mNbFields = 0;
@@ -75,8 +77,3 @@ class SerialDataFile : public File {
   std::string mFormat;
   int mNbTopCommentLines = 0;
 };
-
-// Bodies shared with FactualDataFile --------------------------------------------------------------------
-
-/// Field i of a table of the file, which must be of the type.
-UnifiedValue FieldValue(File* file, const Tableau<StructField*>& fields, int i, ValueTypeId type);

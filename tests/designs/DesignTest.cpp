@@ -233,6 +233,7 @@ TEST_F(DesignTest, FailsOnParametersThatAreNotThereOrOfAnotherType) {
        {Case{DOUBLE, INT, "réel"}, {INT, DOUBLE, "entier"}, {STRING, VOID, "chaîne de caractères"}}) {
     DeleteParameters();
     CreateParameter(c.held, "area", "area", {});
+    const Tableau<Parameter*> kept(Parameter::mpInstanceTab);  // no leak where the failure ends a child
     factor->GetParamTypes()->set_nth(0, c.asked);
     EXPECT_EQ(FailureOf([&] { factor->NextSimulationSettings(); }),
               std::string("\n!!!============== InexistantTypedParameter =============="
@@ -243,6 +244,7 @@ TEST_F(DesignTest, FailsOnParametersThatAreNotThereOrOfAnotherType) {
   factor->SetNbVariables(2);
   DeleteParameters();
   CreateParameter(DOUBLE, "area", "area", {});
+  const Tableau<Parameter*> kept(Parameter::mpInstanceTab);
   for (const std::function<void()>& access :
        {std::function<void()>([&] { factor->NextSimulationSettings(); }),
         {[&] { factor->AddUnifiedValue(1, nullptr); }}}) {

@@ -127,8 +127,9 @@ TEST_F(DataFileTest, FailsInWords) {
   for (const Case& c : cases)
     EXPECT_EQ(FailureOf(c.attempt).find(std::string("\n!!!============== ") + c.failure + " ="), 0U)
         << c.failure;
-  EXPECT_EQ(RunInChild([] { GetIntFieldValue(milk, 4); }).output,
-            "\n!!! Indice hors tableau dans 'FieldValue' : indice 4, taille du tableau 4.\nERROR \n");
+  EXPECT_EQ(
+      RunInChild([] { GetIntFieldValue(milk, 4); }).output,
+      "\n!!! Indice hors tableau dans 'SerialDataFile::FieldValue' : indice 4, taille du tableau 4.\nERROR \n");
 }
 
 TEST_F(DataFileTest, AcceptsEnoughFieldsTheEndAndInAFactualFileWhatIsNotDue) {
@@ -152,12 +153,13 @@ TEST_F(DataFileTest, AcceptsEnoughFieldsTheEndAndInAFactualFileWhatIsNotDue) {
     answer = c.answer;
     for (const bool isFactual : {false, true}) {
       const auto read = [&] { std::printf("%d", isFactual ? ReadNextEnrgt(facts) : file.ReadNextEnrgt()); };
-      if (isFactual ? c.factual : c.sequential)
+      if (isFactual ? c.factual : c.sequential) {
         EXPECT_EQ(OutputOf(read), std::to_string(c.answer));
-      else
+      } else {
         EXPECT_NE(
             FailureOf(read).find("erreur de lecture (fin inattendue, enregistrement erroné ou vide,...)"),
             std::string::npos);
+      }
     }
   }
 }
@@ -228,7 +230,9 @@ TEST(OutputFile, TakesItsPlaceFromTheSimulation) {
     EXPECT_EQ(file.GetFullName(), c.fullName);
     EXPECT_EQ(GetOutputFile(c.name.c_str()), &file);
     EXPECT_EQ(file.ClassSymbol(), -2);
-    if (c.fullName.empty()) EXPECT_NE(FailureOf([&] { file.Open(); }).find("'b.txt'"), std::string::npos);
+    if (c.fullName.empty()) {
+      EXPECT_NE(FailureOf([&] { file.Open(); }).find("'b.txt'"), std::string::npos);
+    }
   }
   EXPECT_EQ(GetOutputFile("c.txt"), nullptr);
 }

@@ -46,3 +46,4 @@
 #include "kalve/outputs/DescTimeSeries.h"
 #include "kalve/parsers/Parsers.h"
 #include "kalve/specs/DescValueSpec.h"
+#include "kalve/specs/EntitySpec.h"

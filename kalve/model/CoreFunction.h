@@ -46,6 +46,14 @@ Entity* GetNamedEntity(const char* name);
 Entity* GetNamedEntity(const char* className, const char* name);
 Entity* GetNamedEntity(int classId, const char* name);
 
+// Entity specifications: specs/EntitySpecLookups.cpp
+/// The first of that name.
+EntitySpec* GetNamedEntitySpec(const char* name);
+/// The first of that reference class; NoInformationForReferenceClass for one before it without a class.
+EntitySpec* GetFirstEntitySpec(int classId);
+/// Deletes all that live, with their conditions.
+void DeleteEntitySpecs();
+
 // Positions: the first index of a match, -9 for none.
 template <class T>
 int GetPosition(const Tableau<T*>& items, const std::type_identity_t<T>* item) {

@@ -14,6 +14,12 @@ class DescriptedEntity : public BasicEntity {
   DescriptedEntity& operator=(const DescriptedEntity&) = delete;
   ~DescriptedEntity();
 
+  /// Kept out of the sets that entity specifications give. Copies start with 0.
+  int IsEngineManaged() const { return mIsEngineManaged; }
+  void IsEngineManaged(int flag) { mIsEngineManaged = flag; }
+
  private:
   void BecomeCopy();
+
+  int mIsEngineManaged = 0;
 };

@@ -3,13 +3,17 @@
 #include "kalve/methods/CoreMethod.h"
 #include "kalve/model/MetaClass.h"
 #include "kalve/monitors/StructureMonitor.h"
+#include "kalve/specs/EntitySpec.h"
 
 namespace {
 
 constexpr int shownToTheUser = 1;
 constexpr int withoutInstanceTab = 0;
 
-void EmptyInstanceTables() { StructureMonitor::mpInstanceTab.erase(10); }
+void EmptyInstanceTables() {
+  EntitySpec::mpInstanceTab.erase(10);
+  StructureMonitor::mpInstanceTab.erase(10);
+}
 
 void MakeNameTables() {
   MakeClassIdToCharTab();

@@ -8,8 +8,11 @@
 // There are five, told apart by the type of the value; nothing is virtual, and whoever holds the base goes
 // by the tag. Three hold closed intervals and differ by a row; a text and an entity domain list values.
 //
-// Members that read a descriptor of an entity stand in ConditionOnEntity.cpp, those that ask an entity for
-// its class or look it up by name in EntityDomains.cpp.
+// A specification given to an entity specification belongs to it and to its copies: the last of those that
+// list it frees it.
+//
+// Members that read or write a descriptor of an entity stand in ConditionOnEntity.cpp, those that ask an
+// entity for its class or look it up by name in EntityDomains.cpp.
 #pragma once
 
 #include <memory>
@@ -43,6 +46,10 @@ class DescValueSpec {
   /// InexistantDescriptor, one of another type BadDescriptorValueType. A tag below INT is never met; one
   /// above P_ENTITY answers its own number. ConditionOnEntity.cpp
   int IsInDomain(DescriptedEntity* entity);
+  /// Gives the entity's descriptor a value drawn by GetValueInDomain, by the tag and with the plain setter,
+  /// so that monitors run. A null text is not written; another tag than INT to P_ENTITY writes nothing.
+  /// ConditionOnEntity.cpp
+  void DrawInto(DescriptedEntity* entity) const;
 
   static int getNbConst() { return _nbConst; }
   static int getNbDest() { return _nbDest; }
@@ -53,10 +60,20 @@ class DescValueSpec {
   int Meets(bool found) const { return mRelationalOperator == IN ? found : !found; }
 
  private:
+  friend class EntitySpec;
+  /// How often entity specifications list this object. No copy is listed with its source.
+  struct Listings {
+    int count = 0;
+    Listings() = default;
+    Listings(const Listings& /*source*/) {}
+    Listings& operator=(const Listings& /*source*/) { return *this; }
+  };
+
   std::string mClassName = "descValueSpec";
   int mDescId = K_INT_UNSIGNIFICANT;
   RelationalOperator mRelationalOperator = IN;
   ValueTypeId mValueType = VOID;
+  Listings mListings;
 
   static int _nbConst;
   static int _nbDest;

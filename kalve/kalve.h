@@ -1,6 +1,15 @@
 // The whole kernel.
 #pragma once
 
+#include "kalve/descriptors/Descriptor.h"
+#include "kalve/descriptors/EntityDescriptors.h"
+#include "kalve/descriptors/Holders.h"
+#include "kalve/descriptors/PredefinedAttributes.h"
+#include "kalve/descriptors/ScalarDescriptor.h"
+#include "kalve/descriptors/ScalarDescriptors.h"
+#include "kalve/descriptors/TableDescriptors.h"
+#include "kalve/descriptors/TableValue.h"
+#include "kalve/descriptors/VisitDescriptor.h"
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/Chronometer.h"
@@ -34,6 +43,7 @@
 #include "kalve/model/DescriptedEntity.h"
 #include "kalve/model/Entity.h"
 #include "kalve/model/MetaClass.h"
+#include "kalve/monitors/DescValueMonitor.h"
 #include "kalve/monitors/StructureMonitor.h"
 #include "kalve/outputs/DescTimeSeries.h"
 #include "kalve/parsers/Parsers.h"

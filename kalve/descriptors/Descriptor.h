@@ -159,8 +159,13 @@ class VariableDescriptor : public Descriptor {
   MonitorMethod* AskedMethod(int slot, int methodId) {
     return mHasMonitor != 0 ? FoundMethod(slot, methodId) : nullptr;
   }
+  /// Whether a monitor is attached whose flag of the slot is set.
+  bool HasFlagIn(int slot) const;
   /// Counts a change, and plots it when its turn has come.
-  void PlotStep();
+  void PlotStep() {
+    if (mIsPlotted != 0 && mPlotCounter % static_cast<unsigned>(mSamplingStep) == 0) PlotValue();
+    ++mPlotCounter;
+  }
 
  private:
   MonitorMethod* FoundMethod(int slot, int methodId);

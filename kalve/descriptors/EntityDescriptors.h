@@ -77,13 +77,13 @@ extern template class EntityDomained<ScalarVariable<EntityKind>>;
 
 class EntityConstantDescriptor : public EntityDomained<ScalarConstant<EntityKind>> {
   KALVE_DESCRIPTOR(EntityConstantDescriptor, EntityDomained)
-  DescEntityValueSpec* GetEntityDomain() const { return mDomain.Get(); }
+  DescEntityValueSpec* GetEntityDomain() const { return GetDomain(); }
   BasicEntity* GetEntityValue() const { return mValue; }
 };
 
 class EntityVariableDescriptor : public EntityDomained<ScalarVariable<EntityKind>> {
   KALVE_DESCRIPTOR(EntityVariableDescriptor, EntityDomained)
-  DescEntityValueSpec* GetEntityDomain() const { return mDomain.Get(); }
+  DescEntityValueSpec* GetEntityDomain() const { return GetDomain(); }
   BasicEntity* GetEntityValue() { return GetValue(); }
   BasicEntity* GetEntityValue(int withMonitor) { return GetValue(withMonitor); }
 };

@@ -26,6 +26,7 @@ class ScalarDescriptor : public Layer {
   // Domain: the values that a change may bring. One that is replaced lives until the descriptor dies.
   /// Takes ownership; null for no domain.
   void SetDomain(Spec* domain) { mDomain.Take(domain); }
+  Spec* GetDomain() const { return mDomain.Get(); }
   /// Both answer false without a domain. IsInDomain compares reals exactly; IsOutOfDomain, on which all
   /// changes rest, has the tolerance of the domain.
   bool IsInDomain(Value value) const;
@@ -33,7 +34,7 @@ class ScalarDescriptor : public Layer {
 
   // Default: no domain, monitor, recording or plotting applies.
   void SetDefaultValue(Value value);
-  Value GetDefaultValue() const;
+  Value GetDefaultValue() const { return Shown(mDefaultValue); }
   void SetToDefaultValue();
   /// Sets both.
   void SetToDefaultValue(Value value);
@@ -45,6 +46,21 @@ class ScalarDescriptor : public Layer {
   void TakeValues(const ScalarDescriptor& source);
   /// The failure of a value out of the domain.
   void CheckDomain(Value value);
+  /// Records the empty name of a null entity; false for any other value.
+  bool RecordNone(int clock);
+
+  static Value Shown(const Stored& stored) {
+    if constexpr (Kind::type == STRING)
+      return stored.c_str();
+    else
+      return stored;
+  }
+  static Stored Kept(Value value) {
+    if constexpr (Kind::type == STRING)
+      return value != nullptr ? Stored(value) : Stored();
+    else
+      return value;
+  }
 
   Stored mValue{};
   Stored mDefaultValue{};
@@ -61,7 +77,7 @@ class ScalarConstant : public ScalarDescriptor<typename ValueKind::ConstantLayer
   /// Out of the domain is a failure. Nothing is recorded.
   void SetValue(Value value);
   /// A text lives until the next change.
-  Value GetValue() const;
+  Value GetValue() const { return this->Shown(this->mValue); }
   /// Adds a point to the series. A null entity adds none, one that has died an empty name.
   void RecordValue(int clock, Value value);
   /// The same with the present value, except that a null entity counts as an empty name.
@@ -84,8 +100,10 @@ class ScalarVariable : public ScalarDescriptor<typename ValueKind::VariableLayer
     Change(value, withMonitor, withMonitor != 0 ? Checked::Result : Checked::Candidate);
   }
   /// What the monitor shows; the value itself does not change. A text lives until the next change.
-  Value GetValue();
-  Value GetValue(int withMonitor);
+  Value GetValue() { return GetValue(1); }
+  Value GetValue(int withMonitor) {
+    return withMonitor != 0 && this->HasMonitor() != 0 ? ShownByMonitor() : this->Shown(this->mValue);
+  }
   /// Adds a point at the present clock. A null entity adds none, one that has died an empty name.
   void RecordValue(Value value);
   /// The same with the present value, past the monitor, except that a null entity counts as an empty name.
@@ -94,4 +112,5 @@ class ScalarVariable : public ScalarDescriptor<typename ValueKind::VariableLayer
  protected:
   enum class Checked { Candidate, Result };
   void Change(Value candidate, int withMonitor, Checked checked);
+  Value ShownByMonitor();
 };

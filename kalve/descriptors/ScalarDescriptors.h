@@ -134,13 +134,13 @@ extern template class TextDomained<ScalarVariable<StringKind>>;
 
 class IntConstantDescriptor : public IntDomained<ScalarConstant<IntKind>> {
   KALVE_DESCRIPTOR(IntConstantDescriptor, IntDomained)
-  DescIntValueSpec* GetIntDomain() const { return mDomain.Get(); }
+  DescIntValueSpec* GetIntDomain() const { return GetDomain(); }
   int GetIntValue() const { return mValue; }
 };
 
 class IntVariableDescriptor : public IntDomained<ScalarVariable<IntKind>> {
   KALVE_DESCRIPTOR(IntVariableDescriptor, IntDomained)
-  DescIntValueSpec* GetIntDomain() const { return mDomain.Get(); }
+  DescIntValueSpec* GetIntDomain() const { return GetDomain(); }
   int GetIntValue() { return GetValue(); }
   int GetIntValue(int withMonitor) { return GetValue(withMonitor); }
   // By steps, with wrap-around. Here the domain looks at the candidate, and not at what the monitor answers.
@@ -161,39 +161,39 @@ class IntVariableDescriptor : public IntDomained<ScalarVariable<IntKind>> {
 
 class FloatConstantDescriptor : public IntervalDomained<ScalarConstant<FloatKind>> {
   KALVE_DESCRIPTOR(FloatConstantDescriptor, IntervalDomained)
-  DescFloatValueSpec* GetFloatDomain() const { return mDomain.Get(); }
+  DescFloatValueSpec* GetFloatDomain() const { return GetDomain(); }
   float GetFloatValue() const { return mValue; }
 };
 
 class FloatVariableDescriptor : public IntervalDomained<ScalarVariable<FloatKind>> {
   KALVE_DESCRIPTOR(FloatVariableDescriptor, IntervalDomained)
-  DescFloatValueSpec* GetFloatDomain() const { return mDomain.Get(); }
+  DescFloatValueSpec* GetFloatDomain() const { return GetDomain(); }
   float GetFloatValue() { return GetValue(); }
   float GetFloatValue(int withMonitor) { return GetValue(withMonitor); }
 };
 
 class DoubleConstantDescriptor : public IntervalDomained<ScalarConstant<DoubleKind>> {
   KALVE_DESCRIPTOR(DoubleConstantDescriptor, IntervalDomained)
-  DescDoubleValueSpec* GetDoubleDomain() const { return mDomain.Get(); }
+  DescDoubleValueSpec* GetDoubleDomain() const { return GetDomain(); }
   double GetDoubleValue() const { return mValue; }
 };
 
 class DoubleVariableDescriptor : public IntervalDomained<ScalarVariable<DoubleKind>> {
   KALVE_DESCRIPTOR(DoubleVariableDescriptor, IntervalDomained)
-  DescDoubleValueSpec* GetDoubleDomain() const { return mDomain.Get(); }
+  DescDoubleValueSpec* GetDoubleDomain() const { return GetDomain(); }
   double GetDoubleValue() { return GetValue(); }
   double GetDoubleValue(int withMonitor) { return GetValue(withMonitor); }
 };
 
 class StringConstantDescriptor : public TextDomained<ScalarConstant<StringKind>> {
   KALVE_DESCRIPTOR(StringConstantDescriptor, TextDomained)
-  DescStringValueSpec* GetStringDomain() const { return mDomain.Get(); }
+  DescStringValueSpec* GetStringDomain() const { return GetDomain(); }
   const char* GetStringValue() const { return mValue.c_str(); }
 };
 
 class StringVariableDescriptor : public TextDomained<ScalarVariable<StringKind>> {
   KALVE_DESCRIPTOR(StringVariableDescriptor, TextDomained)
-  DescStringValueSpec* GetStringDomain() const { return mDomain.Get(); }
+  DescStringValueSpec* GetStringDomain() const { return GetDomain(); }
   const char* GetStringValue() { return GetValue(); }
   const char* GetStringValue(int withMonitor) { return GetValue(withMonitor); }
 };

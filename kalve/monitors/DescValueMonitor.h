@@ -12,9 +12,12 @@
 // asked while its flag is set and it has a body.
 #pragma once
 
+#include <array>
+
 #include "kalve/foundations/Enumerations.h"
 #include "kalve/foundations/Tableau.h"
 #include "kalve/methods/MethodTable.h"
+#include "kalve/methods/PredefinedIds.h"
 
 class DescValueMonitor {
  public:
@@ -73,7 +76,7 @@ class DescValueMonitor {
   static constexpr int tabAddSlot = 1;
   static constexpr int tabRemoveSlot = 2;
   static constexpr int tabGetSlot = 3;
-  int HasMethodIn(int slot) const { return mFlags[slot]; }
+  int HasMethodIn(int slot) const { return mFlags[static_cast<std::size_t>(slot)]; }
   /// The method of the id, if the flag of the slot is set and it has a body; null otherwise.
   MonitorMethod* AskedMethod(int slot, int id) const;
 
@@ -81,6 +84,8 @@ class DescValueMonitor {
   static void AddInstance(DescValueMonitor* monitor);
   /// InexistantInstance for a monitor that is not in the table.
   static void RemoveInstance(DescValueMonitor* monitor);
+  /// Its rank in the table, -9 for none.
+  static int GetPosition(DescValueMonitor* monitor);
   static int getNbConst() { return _nbConst; }
   static int getNbDest() { return _nbDest; }
   static int mInstanceNumber;
@@ -88,10 +93,10 @@ class DescValueMonitor {
 
  protected:
   DescValueMonitor(const char* name, ValueTypeId type);
-  /// Assigns the body of the class's method in a slot, and sets the flag, for a null body too.
+  /// Assigns the body of a method and sets the flag of its slot, for a null body too.
   template <class Result>
-  void AssignIn(int slot, Result (*body)(MonitorMethod*));
-  void FlagIn(int slot, int flag) { mFlags[slot] = flag; }
+  void AssignIn(int methodId, int slot, Result (*body)(MonitorMethod*));
+  void FlagIn(int slot, int flag) { mFlags[static_cast<std::size_t>(slot)] = flag; }
 
  private:
   MonitorMethod* FoundMethod(int id, const char* where) const;
@@ -101,70 +106,70 @@ class DescValueMonitor {
   const char* mClassName;
   ValueTypeId mDescriptorType = VOID;
   MethodTable mMethods;
-  int mFlags[4] = {};
+  std::array<int, 4> mFlags{};
 
   static int _nbConst;
   static int _nbDest;
 };
 
-// One row for each method of a class: its name, what its body answers, its slot. Assigning a body sets the
-// flag; unassigning clears the flag and leaves the body, which the flag brings back.
-#define KALVE_MONITORED(Name, Result, slot)                                                             \
-  void AssignWhen##Name##Method(Result (*body)(MonitorMethod*)) { this->AssignIn<Result>(slot, body); } \
-  void UnassignWhen##Name##Method() { FlagIn(slot, 0); }                                                \
-  int Has##Name##Method() const { return HasMethodIn(slot); }                                           \
+// One row for each method of a class: its name, what its body answers, its id, its slot. Assigning a body
+// sets the flag; unassigning clears the flag and leaves the body, which the flag brings back.
+#define KALVE_MONITORED(Name, Result, id, slot)                                                       \
+  void AssignWhen##Name##Method(Result (*body)(MonitorMethod*)) { AssignIn<Result>(id, slot, body); } \
+  void UnassignWhen##Name##Method() { FlagIn(slot, 0); }                                              \
+  int Has##Name##Method() const { return HasMethodIn(slot); }                                         \
   void Has##Name##Method(int flag) { FlagIn(slot, flag); }
 
 class IntDescValueMonitor : public DescValueMonitor {
  public:
   explicit IntDescValueMonitor(const char* name);
-  KALVE_MONITORED(SetInt, int, setSlot)
-  KALVE_MONITORED(GetInt, int, getSlot)
+  KALVE_MONITORED(SetInt, int, WHEN_SET_INT, setSlot)
+  KALVE_MONITORED(GetInt, int, WHEN_GET_INT, getSlot)
 };
 
 class FloatDescValueMonitor : public DescValueMonitor {
  public:
   explicit FloatDescValueMonitor(const char* name);
-  KALVE_MONITORED(SetFloat, float, setSlot)
-  KALVE_MONITORED(GetFloat, float, getSlot)
+  KALVE_MONITORED(SetFloat, float, WHEN_SET_FLOAT, setSlot)
+  KALVE_MONITORED(GetFloat, float, WHEN_GET_FLOAT, getSlot)
 };
 
 class DoubleDescValueMonitor : public DescValueMonitor {
  public:
   explicit DoubleDescValueMonitor(const char* name);
-  KALVE_MONITORED(SetDouble, double, setSlot)
-  KALVE_MONITORED(GetDouble, double, getSlot)
+  KALVE_MONITORED(SetDouble, double, WHEN_SET_DOUBLE, setSlot)
+  KALVE_MONITORED(GetDouble, double, WHEN_GET_DOUBLE, getSlot)
 };
 
 class StringDescValueMonitor : public DescValueMonitor {
  public:
   explicit StringDescValueMonitor(const char* name);
-  KALVE_MONITORED(SetString, const char*, setSlot)
-  KALVE_MONITORED(GetString, const char*, getSlot)
+  KALVE_MONITORED(SetString, const char*, WHEN_SET_STRING, setSlot)
+  KALVE_MONITORED(GetString, const char*, WHEN_GET_STRING, getSlot)
 };
 
 class EntityDescValueMonitor : public DescValueMonitor {
  public:
   explicit EntityDescValueMonitor(const char* name);
-  KALVE_MONITORED(SetEntity, BasicEntity*, setSlot)
-  KALVE_MONITORED(GetEntity, BasicEntity*, getSlot)
+  KALVE_MONITORED(SetEntity, BasicEntity*, WHEN_SET_ENTITY, setSlot)
+  KALVE_MONITORED(GetEntity, BasicEntity*, WHEN_GET_ENTITY, getSlot)
 };
 
 class EntityTabDescValueMonitor : public DescValueMonitor {
  public:
   explicit EntityTabDescValueMonitor(const char* name);
-  KALVE_MONITORED(SetEntityTab, Tableau<BasicEntity*>*, setSlot)
-  KALVE_MONITORED(AddEntity, BasicEntity*, tabAddSlot)
-  KALVE_MONITORED(RemoveEntity, BasicEntity*, tabRemoveSlot)
-  KALVE_MONITORED(GetEntityTab, Tableau<BasicEntity*>*, tabGetSlot)
+  KALVE_MONITORED(SetEntityTab, Tableau<BasicEntity*>*, WHEN_SET_ENTITYTAB, setSlot)
+  KALVE_MONITORED(AddEntity, BasicEntity*, WHEN_ADD_ENTITY, tabAddSlot)
+  KALVE_MONITORED(RemoveEntity, BasicEntity*, WHEN_REMOVE_ENTITY, tabRemoveSlot)
+  KALVE_MONITORED(GetEntityTab, Tableau<BasicEntity*>*, WHEN_GET_ENTITYTAB, tabGetSlot)
 };
 
 class DescValueSpecTabDescValueMonitor : public DescValueMonitor {
  public:
   explicit DescValueSpecTabDescValueMonitor(const char* name);
-  KALVE_MONITORED(SetDescValueSpecTab, Tableau<DescValueSpec*>*, setSlot)
-  KALVE_MONITORED(AddDescValueSpec, DescValueSpec*, tabAddSlot)
-  KALVE_MONITORED(RemoveDescValueSpec, DescValueSpec*, tabRemoveSlot)
-  KALVE_MONITORED(GetDescValueSpecTab, Tableau<DescValueSpec*>*, tabGetSlot)
+  KALVE_MONITORED(SetDescValueSpecTab, Tableau<DescValueSpec*>*, WHEN_SET_DESCVALUESPECTAB, setSlot)
+  KALVE_MONITORED(AddDescValueSpec, DescValueSpec*, WHEN_ADD_DESCVALUESPEC, tabAddSlot)
+  KALVE_MONITORED(RemoveDescValueSpec, DescValueSpec*, WHEN_REMOVE_DESCVALUESPEC, tabRemoveSlot)
+  KALVE_MONITORED(GetDescValueSpecTab, Tableau<DescValueSpec*>*, WHEN_GET_DESCVALUESPECTAB, tabGetSlot)
 };
 #undef KALVE_MONITORED

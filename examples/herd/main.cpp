@@ -8,8 +8,8 @@
 namespace {
 
 /// What can happen to this herd, by the names that the directive file uses.
-constexpr std::array<const char*, 9> eventNames = {"turnout",     "nightsOut",  "haymaking",
-                                                   "deworming",   "inspection", "calving",
+constexpr std::array<const char*, 9> eventNames = {"turnout",       "nightsOut",   "haymaking",
+                                                   "deworming",     "inspection",  "calving",
                                                    "paddockChange", "milkControl", "dryingOff"};
 
 Event* NewHerdEvent(const char* name) {

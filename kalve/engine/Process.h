@@ -61,6 +61,14 @@ class Process {
   EntitySpec* ProcessedEntitySpec() const { return mProcessedEntitySpec; }
   /// BadProcessedEntityClass for an entity of another class; null clears the pointer and leaves the flag.
   void ProcessedEntity(BasicEntity* entity);
+  /// The bound entity, else the one that SpecifiedProcessedBasicEntity finds. Null, with a warning, for a
+  /// process bound to nothing; null for one whose entity is dead.
+  BasicEntity* ProcessedBasicEntity();
+  /// The same, but a process with a class counts as bound to its first instance.
+  Entity* ProcessedEntity();
+  /// The first instance of the class.
+  BasicEntity* SpecifiedProcessedBasicEntity();
+  Entity* SpecifiedProcessedEntity();
 
   // Precondition and delay
   int HasPrecondition() const { return mHasPrecondition; }
@@ -111,6 +119,7 @@ class Process {
   /// What every raw copy and assignment takes beyond the copy constructor.
   void TakeBinding(const Process& other);
   Method* MethodOr(int id, const char* caller);
+  BasicEntity* BoundOrSpecifiedEntity();
 
   MethodTable mMethods;
 

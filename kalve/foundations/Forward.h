@@ -164,6 +164,10 @@ class FactualDataFile;
 class OutputFile;
 struct StructField;
 class Parameter;
+class IntParameter;
+class RealParameter;
+class StringParameter;
+class DateParameter;
 
 // Outputs.
 class OutputSpec;

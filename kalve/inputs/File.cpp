@@ -83,10 +83,17 @@ void File::DisplayNames() const {
 }
 
 void File::Display() const {
-  constexpr const char* frame = "\n   -------------------------------";
+  DisplayFrame();
+  DisplayState();
+  DisplayFrame();
+}
+
+void File::DisplayFrame() { std::printf("\n   -------------------------------"); }
+
+void File::DisplayState() const {
   const char* mode = mOutputMode == OM_APPEND ? "écriture en fin" : "écriture";
-  std::printf("%s\n  .Nom fichier  : %s\n  .Mode ouvert. : %s\n  .Etat fichier : %s%s", frame, GetFullName(),
-              mAccesType == READ_ACCESS ? "lecture" : mode, mState == 1 ? "ouvert" : "fermé", frame);
+  std::printf("\n  .Nom fichier  : %s\n  .Mode ouvert. : %s\n  .Etat fichier : %s", GetFullName(),
+              mAccesType == READ_ACCESS ? "lecture" : mode, mState == 1 ? "ouvert" : "fermé");
 }
 
 File* File::GetFile(int symbol) {
@@ -107,7 +114,11 @@ void File::RemoveInstance(File* file) {
   --mInstanceNumber;
 }
 
-File* File::GetInstance(int rank) { return mpInstanceTab[rank]; }
+File* File::GetInstance(int rank) {
+  if (rank >= 0 && rank < mpInstanceTab.size()) return mpInstanceTab[rank];
+  TabIndexOutOfRange(rank, "File::GetInstance", &mpInstanceTab, rank, true);
+  exitOnException(0);
+}
 
 LexicalInputFile::LexicalInputFile() : File(1, READ_ACCESS, static_cast<OutputMode>(0)) {
   Become(LEXICAL_INPUT_FILE, "LexicalInputFile");

@@ -66,6 +66,8 @@ class File {
   // Instances
   /// The oldest file with the symbol; BadSearchByFileId when there is none.
   static File* GetFile(int symbol);
+  /// The same, which must be sequential or factual, else BadFileType: SerialDataFile.cpp
+  static SerialDataFile* GetSerialDataFile(int symbol);
   static void AddInstance(File* file);
   /// InexistantInstance when the file is not in the table.
   static void RemoveInstance(File* file);
@@ -79,6 +81,9 @@ class File {
  protected:
   /// What a subclass says once it has built itself.
   void Become(FileClassType type, const char* className);
+  /// Name, mode and state, as in every display.
+  void DisplayState() const;
+  static void DisplayFrame();
 
  private:
   FILE* mPhysicalFile = nullptr;

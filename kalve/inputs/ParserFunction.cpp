@@ -9,6 +9,7 @@
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/inputs/File.h"
+#include "kalve/inputs/Parameter.h"
 #include "kalve/parsers/Parsers.h"
 
 FactorialDesignOfExperiment* g_KV_DOE = nullptr;
@@ -102,6 +103,7 @@ void ParseWith(void (*parser)(LexicalInputFile*), const char* path) {
 
 void ParseParameterFile(const char* path) {
   File::mpInstanceTab.erase(10);
+  Parameter::mpInstanceTab.erase(100);
   ParseWith(Param_Parser, path);
   Assign_InitParameterGlobalVariablesFunction(InitParameterGlobalVariables);
   pInitParameterGlobalVariables();

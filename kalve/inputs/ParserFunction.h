@@ -16,7 +16,8 @@ int ParseMainArguments(int argc, char** argv);
 void PrintCommandLine(int argc, char** argv);
 
 // Each reads one file with its parser. A fault in the file ends the run with its line.
-/// Forgets the files known before; then calls the hook, which InitParameterGlobalVariables has become.
+/// Forgets the files and parameters known before, without deleting them; then calls the hook, which
+/// InitParameterGlobalVariables has become.
 void ParseParameterFile(const char* path);
 void ParseSimulationFile(const char* path);
 void ParseOutputSpecFile(const char* path);

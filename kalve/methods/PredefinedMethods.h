@@ -32,8 +32,8 @@ class PostRead : public PredefinedMethod<VoidProcessMethod, POST_READ, "postRead
 // Events
 class EventPostConsequence
     : public PredefinedMethod<VoidEventMethod, EVENT_POSTCONSEQUENCE, "eventPostConsequence", nullptr> {};
-class GenerateNextEvent
-    : public PredefinedMethod<EventPredicate, GENERATE_NEXTEVENT, "generateNextEvent", nullptr> {};
+class GenerateNextEvent : public PredefinedMethod<EventPredicate, GENERATE_NEXTEVENT, "generateNextEvent",
+                                                  standardEvent_generateNextEvent_Body> {};
 class UpdateNextEvent : public PredefinedMethod<VoidEventMethod, UPDATE_NEXTEVENT, "updateNextEvent", nullptr,
                                                 PreviousEventArgument> {};
 class DefineNextEventClockTime

@@ -9,6 +9,7 @@
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/Owned.h"
 
 namespace {
 
@@ -59,7 +60,7 @@ TEST_F(AgendaTest, FollowsANaiveAgendaThroughRandomOperations) {
   const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
   NaiveAgenda naive;
   simulation.SetEndClock(90);
-  for (int turn = 0; turn < 20000; ++turn) {
+  for (int turn = 0; turn < 6000; ++turn) {
     switch (below(8)) {
       case 0:
       case 1:
@@ -105,8 +106,8 @@ TEST_F(AgendaTest, FollowsANaiveAgendaThroughRandomOperations) {
         break;
       }
       default: {
-        Event absent("absent");
-        simulation.RemoveFromAgendaEvents(&absent, 0);
+        const OwnedEvent absent = MakeEvent("absent");
+        simulation.RemoveFromAgendaEvents(absent.get(), 0);
       }
     }
     std::vector<Event*> order;
@@ -125,11 +126,9 @@ TEST_F(AgendaTest, EqualEventsStandBehindTheFirstOfThem) {
 }
 
 TEST_F(AgendaTest, AnEventWithoutProcessEndsTheRunInTheFormThatAsksForOne) {
-  Event lonely("seule");
-  EXPECT_EQ(simulation.InsertInAgendaEvents(&lonely), 1);
+  EXPECT_EQ(simulation.InsertInAgendaEvents(new Event("seule")), 1);
   EXPECT_EQ(RunInChild([&] { simulation.InsertInAgendaEvents(new Event("vêlage")); }).output,
             "\n!!! On n'a pas specifié le ou les processus géré(s). !!!\n    événement : vêlage\nERROR \n");
-  simulation.RemoveFromAgendaEvents(&lonely);
 }
 
 TEST_F(AgendaTest, ProbabilityDrawsOnceBeforeAnyLookAtTheAgenda) {

@@ -40,7 +40,7 @@ TEST(PredefinedMethods, AreAsListed) {
   EXPECT_EQ(LineOfMethod<StopProcess>(), "6 stopProcess 6/0");
   EXPECT_EQ(LineOfMethod<PostRead>(), "7 postRead 6/0");
   EXPECT_EQ(LineOfMethod<EventPostConsequence>(), "11 eventPostConsequence 4/0");
-  EXPECT_EQ(LineOfMethod<GenerateNextEvent>(), "12 generateNextEvent 4/1");
+  EXPECT_EQ(LineOfMethod<GenerateNextEvent>(), "12 generateNextEvent 4/1 body");
   EXPECT_EQ(LineOfMethod<UpdateNextEvent>(), "13 updateNextEvent 4/0 13");
   EXPECT_EQ(LineOfMethod<DefineNextEventClockTime>(), "14 defineNextEventClockTime 4/2 13");
   EXPECT_EQ(LineOfMethod<RandomizeThisEventClockTime>(), "15 randomizeThisEventClockTime 4/2 body 11 12");

@@ -2,6 +2,15 @@
 #pragma once
 
 #include "kalve/designs/DesignOfExperiment.h"
+#include "kalve/descriptors/Descriptor.h"
+#include "kalve/descriptors/EntityDescriptors.h"
+#include "kalve/descriptors/Holders.h"
+#include "kalve/descriptors/PredefinedAttributes.h"
+#include "kalve/descriptors/ScalarDescriptor.h"
+#include "kalve/descriptors/ScalarDescriptors.h"
+#include "kalve/descriptors/TableDescriptors.h"
+#include "kalve/descriptors/TableValue.h"
+#include "kalve/descriptors/VisitDescriptor.h"
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/Chronometer.h"
@@ -41,6 +50,7 @@
 #include "kalve/model/DescriptedEntity.h"
 #include "kalve/model/Entity.h"
 #include "kalve/model/MetaClass.h"
+#include "kalve/monitors/DescValueMonitor.h"
 #include "kalve/monitors/StructureMonitor.h"
 #include "kalve/outputs/DescTimeSeries.h"
 #include "kalve/parsers/Parsers.h"

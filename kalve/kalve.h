@@ -1,6 +1,7 @@
 // The whole kernel.
 #pragma once
 
+#include "kalve/designs/DesignOfExperiment.h"
 #include "kalve/descriptors/Descriptor.h"
 #include "kalve/descriptors/EntityDescriptors.h"
 #include "kalve/descriptors/Holders.h"
@@ -10,7 +11,6 @@
 #include "kalve/descriptors/TableDescriptors.h"
 #include "kalve/descriptors/TableValue.h"
 #include "kalve/descriptors/VisitDescriptor.h"
-#include "kalve/designs/DesignOfExperiment.h"
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/Chronometer.h"
@@ -47,9 +47,11 @@
 #include "kalve/model/BasicEntity.h"
 #include "kalve/model/ChangeStructureItem.h"
 #include "kalve/model/CoreFunction.h"
+#include "kalve/model/DescribedAccess.h"
 #include "kalve/model/DescriptedEntity.h"
 #include "kalve/model/Entity.h"
 #include "kalve/model/MetaClass.h"
+#include "kalve/model/ValueRows.h"
 #include "kalve/monitors/DescValueMonitor.h"
 #include "kalve/monitors/StructureMonitor.h"
 #include "kalve/outputs/DescTimeSeries.h"

@@ -8,8 +8,8 @@
 // There are five, told apart by the type of the value; nothing is virtual, and whoever holds the base goes
 // by the tag. Three hold closed intervals and differ by a row; a text and an entity domain list values.
 //
-// Members that read a descriptor of an entity stand in ConditionOnEntity.cpp, those that ask an entity for
-// its class or look it up by name in EntityDomains.cpp.
+// Members that read or write a descriptor of an entity stand in ConditionOnEntity.cpp, those that ask an
+// entity for its class or look it up by name in EntityDomains.cpp.
 #pragma once
 
 #include <memory>
@@ -43,6 +43,10 @@ class DescValueSpec {
   /// InexistantDescriptor, one of another type BadDescriptorValueType. A tag below INT is never met; one
   /// above P_ENTITY answers its own number. ConditionOnEntity.cpp
   int IsInDomain(DescriptedEntity* entity);
+  /// Gives the entity's descriptor a value drawn by GetValueInDomain, by the tag and with the plain setter,
+  /// so that monitors run. A null text is not written; another tag than INT to P_ENTITY writes nothing.
+  /// ConditionOnEntity.cpp
+  void DrawInto(DescriptedEntity* entity) const;
 
   static int getNbConst() { return _nbConst; }
   static int getNbDest() { return _nbDest; }

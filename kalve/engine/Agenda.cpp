@@ -71,19 +71,32 @@ bool Simulation::IsDuplicate(Event* event, Event* current) const {
 }
 
 int Simulation::PlaceInAgenda(Event* event) {
-  for (mAgendaEvents.go_head(); mAgendaEvents.is_current_in(); mAgendaEvents.go_next()) {
+  mAgendaEvents.go_head();
+  if (mAgendaIndex.IsOn() && mAgendaEvents.is_current_in()) {
+    mAgendaEvents.set_currentCell(mAgendaIndex.StartFor(event));
+    // Behind the tail, after cells that the predicate would have answered without setting its flag.
+    if (mAgendaEvents.is_current_off()) gEquallyPlacedEventFlag = 0;
+  }
+  Cell<Event*>* const start = mAgendaEvents.get_currentCell();
+  for (; mAgendaEvents.is_current_in(); mAgendaEvents.go_next()) {
     Event* current = mAgendaEvents.current();
     const int before = mBeforeInAgenda(event, current);
     const bool isEquallyPlaced = gEquallyPlacedEventFlag != 0;
     if (isEquallyPlaced && IsDuplicate(event, current)) return 0;
-    if (before != 0) return PutBefore(event, current);
+    if (before != 0) {
+      PutBefore(event, current);
+      mAgendaIndex.InsertedBefore(start, mAgendaEvents.get_currentCell());
+      return 1;
+    }
     if (isEquallyPlaced) {
       mAgendaEvents.insert_after_current(event);
       event->EnterAgenda();
+      mAgendaIndex.InsertedBehindEqual(start, mAgendaEvents.get_currentCell());
       return 1;
     }
   }
-  PushBackToAgendaEvents(event);
+  Append(event);
+  mAgendaIndex.InsertedAtTail(start);
   return 1;
 }
 
@@ -95,6 +108,11 @@ int Simulation::PutBefore(Event* event, Event* current) {
   return 1;
 }
 
+void Simulation::Append(Event* event) {
+  mAgendaEvents.push_back(event);
+  event->EnterAgenda();
+}
+
 int Simulation::DelayInAgendaEvents(Event* event, int delay) {
   mAgendaEvents.go_head();
   if (!mAgendaEvents.is_current_in()) return 0;
@@ -102,26 +120,38 @@ int Simulation::DelayInAgendaEvents(Event* event, int delay) {
   for (Event* found = nullptr; found != event;) found = mAgendaEvents.current();
   Cell<Event*>* next = mAgendaEvents.get_currentCell()->GetNextCell();
   RemoveCurrentInAgenda();
+  mAgendaIndex.Forget();
   event->SetOccurrenceClockTime(event->OccurrenceClockTime() + delay);
   for (mAgendaEvents.set_currentCell(next); mAgendaEvents.is_current_in(); mAgendaEvents.go_next()) {
     Event* current = mAgendaEvents.current();
     if (mBeforeInAgenda(event, current) != 0) return PutBefore(event, current);
   }
-  PushBackToAgendaEvents(event);
+  Append(event);
   return 1;
 }
 
 Event* Simulation::DepileAgendaEvents() {
   mCurrentlyPoppedEvent = mAgendaEvents.front();
-  mAgendaEvents.pop_front();
-  mCurrentlyPoppedEvent->LeaveAgenda();
+  FreeCell(mAgendaEvents.HeadCell());
   return mCurrentlyPoppedEvent;
 }
 
+/// Frees a cell; its event leaves the agenda. The cursor stays, unless it stood there.
+void Simulation::FreeCell(Cell<Event*>* cell) {
+  mAgendaIndex.Removing(cell);
+  cell->GetItem()->LeaveAgenda();
+  Cell<Event*>* const kept = mAgendaEvents.get_currentCell();
+  mAgendaEvents.set_currentCell(cell);
+  mAgendaEvents.remove_current();
+  if (kept != cell) mAgendaEvents.set_currentCell(kept);
+}
+
 void Simulation::RemoveFromAgendaEvents(Event* event) {
-  const int size = mAgendaEvents.size();
-  mAgendaEvents.remove_first(event);
-  if (mAgendaEvents.size() < size) event->LeaveAgenda();
+  if (event == nullptr) return;
+  // In front of the cell where a walk would begin, every event is earlier than this one.
+  Cell<Event*>* cell = mAgendaIndex.IsOn() ? mAgendaIndex.StartFor(event) : mAgendaEvents.HeadCell();
+  while (cell != nullptr && cell->GetItem() != event) cell = cell->GetNextCell();
+  if (cell != nullptr) FreeCell(cell);
 }
 
 void Simulation::RemoveFromAgendaEvents(Event* event, int deleteIt) {
@@ -132,16 +162,19 @@ void Simulation::RemoveFromAgendaEvents(Event* event, int deleteIt) {
 }
 
 void Simulation::RemoveCurrentInAgenda() {
-  mAgendaEvents.current()->LeaveAgenda();
-  mAgendaEvents.remove_current();
+  if (!mAgendaEvents.is_current_in()) ThrowIndex(0);
+  FreeCell(mAgendaEvents.get_currentCell());
 }
 
 void Simulation::PushBackToAgendaEvents(Event* event) {
-  mAgendaEvents.push_back(event);
-  event->EnterAgenda();
+  Append(event);
+  mAgendaIndex.Appended();
 }
 
-void Simulation::AssignBeforeInAgendaMethod(BeforeInAgenda before) { mBeforeInAgenda = before; }
+void Simulation::AssignBeforeInAgendaMethod(BeforeInAgenda before) {
+  mBeforeInAgenda = before;
+  mAgendaIndex.SwitchOn(before == BeforeByDatePriority);
+}
 
 namespace {
 

@@ -1,7 +1,5 @@
 #include "kalve/engine/Event.h"
 
-#include <cstring>
-
 #include "kalve/engine/Process.h"
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/InstanceName.h"
@@ -21,11 +19,6 @@ void Event::ClassName(const char* name) { mClassName = name; }
 
 void Event::SetInstanceName(const char* name, int number) {
   mInstanceName = ComposeInstanceName(name, number);
-}
-
-void Event::Place(int clock, short priority) {
-  mOccurrenceClockTime = clock;
-  mPriorityDegree = priority;
 }
 
 void Event::SetPriorityDegree(short degree) {

@@ -185,6 +185,10 @@ class Event {
   void LeaveAgenda() { StandInAgendas(-1); }
 
  private:
+  friend class AgendaIndex;
+  friend struct AgendaProbe;
+
+  // EventPlace.cpp
   /// Every write of date and priority passes here.
   void Place(int clock, short priority);
   void TakeDates(const Event& other);
@@ -234,6 +238,7 @@ class Event {
   int mIsPoppingToResume = 0;
   MethodTable mMethods;
   int mAgendas = 0;  // how often it stands in an agenda
+  int mFences = 0;   // how many fences of the agenda's index stand on its cells
 
   static int _nbConst;
   static int _nbDest;

@@ -44,6 +44,13 @@ void Simulation::Run(int iterationLimit) {
   EndNormally();
 }
 
+int Simulation::RunBatch(int iterationLimit) {
+  mIterationLimit = iterationLimit;
+  int iteration = 0;
+  while (GoesOn(iteration)) RunCore(iteration);
+  return iteration;
+}
+
 /// One hundredth of the run's extent: of the end clock when an end date was given, else of the limit.
 void Simulation::PrepareProgress() {
   if (mEndTime > 0)

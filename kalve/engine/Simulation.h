@@ -16,6 +16,7 @@
 #include <memory>
 #include <string>
 
+#include "kalve/engine/AgendaIndex.h"
 #include "kalve/foundations/Liste.h"
 #include "kalve/foundations/Records.h"
 
@@ -79,6 +80,9 @@ class Simulation {
   /// Pops and applies events until the agenda is empty, the clock is past the end clock, `iterationLimit`
   /// events have been popped, or Stop was called. Waits at least a millisecond after each event.
   void Run(int iterationLimit);
+  /// The loop of Run without dialogue, wait or text: for designs of experiments and tests. Answers the
+  /// number of events popped.
+  int RunBatch(int iterationLimit);
   /// Pops and applies one event; `iteration` is increased first.
   void RunCore(int& iteration);
   void Stop() { mToBeStopped = 1; }
@@ -142,9 +146,12 @@ class Simulation {
 
  private:
   friend struct SimulationProbe;  // tests
+  friend struct AgendaProbe;
   bool AgendaRefuses(Event* event) const;
   int PlaceInAgenda(Event* event);
   int PutBefore(Event* event, Event* current);
+  void Append(Event* event);
+  void FreeCell(Cell<Event*>* cell);
   bool IsDuplicate(Event* event, Event* current) const;
   void DisposeOf(Event* event, Event* result);
   void DisposeOfGenerating(Event* event);
@@ -170,6 +177,7 @@ class Simulation {
   std::string mOutDir;
   int mToBeStopped = 0;
   Liste<Event*> mAgendaEvents;
+  AgendaIndex mAgendaIndex{mAgendaEvents};
   Event* mCurrentlyPoppedEvent = nullptr;
   Event* mEventInHand = nullptr;
   BeforeInAgenda mBeforeInAgenda;

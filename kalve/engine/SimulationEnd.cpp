@@ -31,6 +31,7 @@ Simulation::Simulation(Simulation& other)
       mPermanentAgenda(other.mPermanentAgenda),
       mPermanentAgendaSize(other.mPermanentAgendaSize),
       mPermanentStructure(other.mPermanentStructure) {
+  mAgendaIndex.SwitchOn(other.mAgendaIndex.IsOn());
   for (other.GoHeadInAgenda(); other.IsCurrentInAgenda(); other.GoNextInAgenda())
     PushBackToAgendaEvents(new Event(*other.GetCurrentInAgenda()));
 }
@@ -39,8 +40,7 @@ Simulation::~Simulation() {
   gFinalClock = mClock;
   while (!mAgendaEvents.empty()) {
     Event* event = mAgendaEvents.front();
-    mAgendaEvents.pop_front();
-    event->LeaveAgenda();
+    FreeCell(mAgendaEvents.HeadCell());
     event->DeleteInDepth();
   }
   const Tableau<Process*> processes = Process::mpInstanceTab.Items();  // each deletion edits the original

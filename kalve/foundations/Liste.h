@@ -75,6 +75,9 @@ class Liste {
   void remove_first(const T& item);
   void erase();
 
+  /// First and last cell, null in an empty list.
+  Cell<T>* HeadCell() const { return mHead; }
+  Cell<T>* TailCell() const { return mTail; }
   Cell<T>* get_currentCell() const { return mCurrent; }
   /// Null sets the cursor off.
   void set_currentCell(Cell<T>* cell) { mCurrent = cell; }

@@ -229,6 +229,8 @@ void BasicEntity::ForceElement(BasicEntity* element) {
   GiveElementItem(element);
 }
 
+// By value: a caller may pass the table that it changes.
+// NOLINTBEGIN(performance-unnecessary-value-param)
 BasicEntity* BasicEntity::AddElements(Tableau<BasicEntity*> elements) { return AddElements(elements, 1); }
 
 BasicEntity* BasicEntity::AddElements(Tableau<BasicEntity*> elements, int withMonitor) {
@@ -242,6 +244,7 @@ void BasicEntity::AddElementsIfNew(Tableau<BasicEntity*> elements) { AddElements
 void BasicEntity::AddElementsIfNew(Tableau<BasicEntity*> elements, int withMonitor) {
   for (BasicEntity* element : elements) AddElement(element, withMonitor);
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 // Removing elements -----------------------------------------------------------------------------------------
 

@@ -208,7 +208,7 @@ void DoNotHaveMonitorAttached(BasicEntity const* entity) {
                 Shown(entity).c_str());
 }
 
-void BadEntityTypeInOrderToSort(Tableau<BasicEntity*> entities) {
+void BadEntityTypeInOrderToSort(Tableau<BasicEntity*> entities) {  // NOLINT: by value, as declared
   std::string refused;
   for (const BasicEntity* entity : entities)
     if (IsLivingEntity(entity) && entity->EntityType() == KV_BASIC_ENTITY) refused += " " + Shown(entity);

@@ -114,7 +114,8 @@ class DescTimeSeries {
 
 /// A point's value as outputs and the user interface show it. Reals have `precision` decimals, or the form
 /// "%g", and are narrowed to single precision first, doubles too: files are compared byte for byte. An
-/// entity shows its name (nothing for null), a point without value "_", any other type is empty.
+/// entity shows its name (nothing for a dead one or null), a point without value "_", any other type is
+/// empty.
 std::string UnifiedValueToString(const ClockValueItem* item, int precision);
 std::string UnifiedValueToString(const ClockValueItem* item);
 /// The same into a buffer of at least 500 bytes: the text is cut at 499 characters. Any other type leaves

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "kalve/foundations/FailureReport.h"
+#include "kalve/model/BasicEntity.h"
 #include "kalve/outputs/DescTimeSeries.h"
 
 namespace {
@@ -36,6 +37,8 @@ std::optional<std::string> ValueText(const ClockValueItem& item, Decimals decima
       return RealText(static_cast<float>(value.doubleValue), decimals);
     case STRING:
       return value.stringValue;
+    case P_ENTITY:
+      return IsLivingEntity(value.entityValue) ? value.entityValue->InstanceName() : "";
     case NO_VALUE:
       return "_";
     default:

@@ -6,23 +6,13 @@
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/FailureReport.h"
-#include "kalve/foundations/Rng.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/inputs/File.h"
 #include "kalve/inputs/ParserFunction.h"
 #include "kalve/model/ApplicationHooks.h"
 
-namespace {
-
-LexicalInputFile* WithSimulation(LexicalInputFile* file) {
-  if (pCurrentSim == nullptr) SimulationNotYetCreated();
-  return file;
-}
-
-}  // namespace
-
 DirectiveFile::DirectiveFile(LexicalInputFile* file)
-    : ParseState(WithSimulation(file), {&g_KV_TraceParsingD, NLd, TLd}) {}
+    : ParseState(NeedingSimulation(file), {&g_KV_TraceParsingD, NLd, TLd}) {}
 
 // Parts of an event ------------------------------------------------------------------------------------
 
@@ -118,9 +108,8 @@ int DirectiveFile::DrawnClock(Event* event) const {
   const int high = ClockOf(mEvent.to->value);
   if (high < low) FaultInFile(mEvent.to->where, "la seconde date de BETWEEN est antérieure à la première");
   event->SetMinOccurrenceClockTime(low);
-  if (low == high) return low;
-  const long width = std::min(static_cast<long>(high) - low + 1, static_cast<long>(K_INTMAX));
-  return std::min(high, low + RandomInteger(static_cast<int>(width)));
+  event->SetMaxOccurrenceClockTime(high);  // draws
+  return event->OccurrenceClockTime();
 }
 
 int DirectiveFile::CheckedPriority(Event* event) const {

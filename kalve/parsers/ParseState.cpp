@@ -2,6 +2,9 @@
 
 #include <unordered_set>
 
+#include "kalve/engine/Simulation.h"
+#include "kalve/foundations/CoreException.h"
+
 ParseState::ParseState(LexicalInputFile* file, const ParserTrace& trace, FaultEnding ending)
     : mTrace(trace), mScanner(file, ending) {
   mTrace.dashes();
@@ -17,6 +20,11 @@ const Lexeme& ParseState::Next() {
   const bool isLast = lexeme.IsSign(';') || lexeme.IsSign('{') || lexeme.IsSign('}');
   mTrace.text((shown + (isLast ? "\n" : " ")).c_str());
   return lexeme;
+}
+
+LexicalInputFile* NeedingSimulation(LexicalInputFile* file) {
+  if (pCurrentSim == nullptr) SimulationNotYetCreated();
+  return file;
 }
 
 const char* Interned(const std::string& text) {

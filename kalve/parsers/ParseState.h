@@ -28,5 +28,8 @@ class ParseState {
   Scanner mScanner;
 };
 
+/// The same file; SimulationNotYetCreated without pCurrentSim.
+LexicalInputFile* NeedingSimulation(LexicalInputFile* file);
+
 /// The same text in memory that lasts until the end of the process, for objects that keep the pointer.
 const char* Interned(const std::string& text);

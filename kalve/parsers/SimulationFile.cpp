@@ -1,22 +1,12 @@
 #include "kalve/parsers/SimulationFile.h"
 
 #include "kalve/engine/Simulation.h"
-#include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/FailureReport.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/inputs/ParserFunction.h"
 
-namespace {
-
-LexicalInputFile* WithSimulation(LexicalInputFile* file) {
-  if (pCurrentSim == nullptr) SimulationNotYetCreated();
-  return file;
-}
-
-}  // namespace
-
 SimulationFile::SimulationFile(LexicalInputFile* file)
-    : ParseState(WithSimulation(file), {&g_KV_TraceParsingI, NLi, TLi}) {}
+    : ParseState(NeedingSimulation(file), {&g_KV_TraceParsingI, NLi, TLi}) {}
 
 void SimulationFile::SetUnit(const Position& where, int quantity, const std::string& unit) {
   if (quantity < 1)

@@ -1,6 +1,7 @@
 // Failures of entity and value specifications.
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/FailureReport.h"
+#include "kalve/model/BasicEntity.h"
 #include "kalve/specs/DescValueSpec.h"
 
 void BadQuantitySpecification(int classSymbol, QuantificatorId quantificator, int quantity) {
@@ -42,9 +43,10 @@ constexpr const char* unAuthorizedEntitySubDomain =
 
 void UnAuthorizedEntitySubDomain(DescValueSpec* spec, BasicEntity* entity) {
   ReportFailure(unAuthorizedEntitySubDomain,
-                "\n!!! Ajout d'une entité (%p) à un domaine constitué de classes."
+                "\n!!! Ajout d'une entité (%s) à un domaine constitué de classes."
                 "\n    descripteur : %s",
-                static_cast<void*>(entity), DescriptorIdText(spec->GetDescId()).c_str());
+                entity != nullptr ? entity->InstanceName() : "NULL",
+                DescriptorIdText(spec->GetDescId()).c_str());
 }
 
 void UnAuthorizedEntitySubDomain(DescValueSpec* spec, int classSymbol) {

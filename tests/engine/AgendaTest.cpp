@@ -60,7 +60,7 @@ TEST_F(AgendaTest, FollowsANaiveAgendaThroughRandomOperations) {
   const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
   NaiveAgenda naive;
   simulation.SetEndClock(90);
-  for (int turn = 0; turn < 20000; ++turn) {
+  for (int turn = 0; turn < 6000; ++turn) {
     switch (below(8)) {
       case 0:
       case 1:

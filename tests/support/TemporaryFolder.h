@@ -21,7 +21,7 @@ class TemporaryFolder {
 
   /// Writes the bytes, folders in the name included, and answers the full name.
   std::string Write(const std::string& name, const std::string& bytes) const {
-    const std::string path = Path(name);
+    std::string path = Path(name);
     std::filesystem::create_directories(std::filesystem::path(path).parent_path());
     std::ofstream(path, std::ios::binary) << bytes;
     return path;

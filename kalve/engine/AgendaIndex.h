@@ -1,0 +1,73 @@
+// AgendaIndex: where an insertion into the agenda may begin its walk, so that nobody can tell.
+//
+// The agenda is a list walked from its head. Beside it stand fences, couples (bound, cell) in order of their
+// bounds; the first stands on the head, the last bound is infinite, and its cell may be null, behind the
+// tail. The rule that holds in a list of any order:
+//
+//   every cell in front of a fence's cell has a key of at most the bound of the fence before it,
+//
+// a key being clock and priority in one number. An insertion with a larger key would pass all those cells:
+// the default predicate answers 0 for each, with its flag at 0. So the walk begins at the first fence whose
+// bound is not below the key. What the walk finds becomes new fences; the index repairs itself as it is used.
+//
+// It serves the default predicate alone. With another one it is switched off and knows nothing.
+#pragma once
+
+#include <limits>
+#include <map>
+
+#include "kalve/foundations/Liste.h"
+
+class AgendaIndex {
+ public:
+  using AgendaCell = Cell<Event*>;
+
+  explicit AgendaIndex(Liste<Event*>& agenda);
+  AgendaIndex(const AgendaIndex&) = delete;
+  AgendaIndex& operator=(const AgendaIndex&) = delete;
+  ~AgendaIndex();
+
+  bool IsOn() const { return mIsOn; }
+  void SwitchOn(bool on);
+  /// Forgets all fences: the next walk begins at the head.
+  void Forget();
+
+  /// The cell where a walk for the event may begin; null behind the tail.
+  AgendaCell* StartFor(const Event* event) const;
+  /// After an insertion whose walk began at `start`: the event stands in `cell`, and what stood there before
+  /// in the next one.
+  void InsertedBefore(AgendaCell* start, AgendaCell* cell);
+  /// The event stands behind the equally placed one in `cell`.
+  void InsertedBehindEqual(AgendaCell* start, AgendaCell* cell);
+  /// The walk passed the tail, where the event stands now.
+  void InsertedAtTail(AgendaCell* start);
+  /// The event at the tail was appended without any test.
+  void Appended();
+  /// The cell is about to be freed.
+  void Removing(AgendaCell* cell);
+  /// An event that stands in some agenda changes its key: all indexes hear of it.
+  static void KeyChanges(int oldClock, short oldPriority, int newClock, short newPriority);
+
+ private:
+  friend struct AgendaProbe;
+  using Key = long;
+  using Fences = std::map<Key, AgendaCell*>;  // the cell of the first one counts as the head
+  static constexpr Key infinite = std::numeric_limits<Key>::max();
+
+  static Key KeyOf(int clock, short priority) { return clock * 65536L + (priority + 32768L); }
+  static Key KeyOf(const Event* event);
+  AgendaCell* CellOf(Fences::const_iterator fence) const;
+  AgendaCell* Head() const { return mAgenda.HeadCell(); }
+  void MoveFence(Fences::iterator fence, AgendaCell* cell);
+  void AddFence(Fences::iterator behind, Key bound, AgendaCell* cell);
+  void FreeFirst();
+  Fences::iterator Walked(Key key, AgendaCell* start, AgendaCell* reached);
+  Fences::iterator FenceOn(AgendaCell* cell, const Event* event);
+  void Merge(Key from, Key to);
+
+  Liste<Event*>& mAgenda;
+  Fences mFences;
+  bool mIsOn = true;
+  AgendaIndex* mNextIndex;  // of all that live
+  static AgendaIndex* sFirstIndex;
+};

@@ -46,6 +46,24 @@ Entity* GetNamedEntity(const char* name);
 Entity* GetNamedEntity(const char* className, const char* name);
 Entity* GetNamedEntity(int classId, const char* name);
 
+// Values of described entities: DescribedLookups.cpp
+/// The first instance of a class whose int descriptor has the value. The first form goes to the constants,
+/// the second to the variables, the third to whichever the class's first instance has, constants before
+/// variables; InexistantDescriptor when it has neither.
+Entity* GetFirstEntityOnDescIntConstValue(int classId, int descId, int value);
+Entity* GetFirstEntityOnDescIntVarValue(int classId, int descId, int value);
+Entity* GetFirstEntityOnDescIntValue(int classId, int descId, int value);
+/// Class symbol, and type, of the descriptor of that name, as the first instance of the class has it.
+int GetDescriptorSymbol(int classId, const char* name);
+int GetDescriptorType(int classId, const char* name);
+/// By a numeric descriptor, rising (equal ones keep their order) and falling (equal ones swap it).
+void SortUp(Tableau<DescriptedEntity*>* entities, int descId);
+void SortDown(Tableau<DescriptedEntity*>* entities, int descId);
+/// The first entity of the highest (lowest) value of a numeric descriptor; null when all values are the
+/// lowest (highest) of the type, or for another type. An index failure for an empty table.
+DescriptedEntity* MaxValued(Tableau<DescriptedEntity*>* entities, int descId);
+DescriptedEntity* MinValued(Tableau<DescriptedEntity*>* entities, int descId);
+
 // Entity specifications: specs/EntitySpecLookups.cpp
 /// The first of that name.
 EntitySpec* GetNamedEntitySpec(const char* name);
@@ -66,6 +84,9 @@ int GetPosition(const Tableau<char*>& texts, const char* text);
 int GetPosition(const Tableau<BasicEntity*>& entities, int classId);
 /// By instance name.
 int GetPosition(const Tableau<BasicEntity*>& entities, const char* name);
+/// By class symbol: DescribedLookups.cpp
+int GetPosition(const Tableau<ConstantDescriptor*>& descriptors, int classSymbol);
+int GetPosition(const Tableau<VariableDescriptor*>& descriptors, int classSymbol);
 
 // Texts
 /// Writes n in decimal and answers the buffer, of at least 12 bytes.

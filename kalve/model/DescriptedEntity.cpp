@@ -1,44 +1,78 @@
+// The tables of descriptors: additions and lookups.
 #include "kalve/model/DescriptedEntity.h"
 
-#include <iostream>
+#include <cstring>
 
-#include "kalve/foundations/TraceSwitches.h"
+#include "kalve/descriptors/Descriptor.h"
+#include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/FailureReport.h"
 
 namespace {
 
-void Trace(const char* text, const DescriptedEntity* entity) {
-  if (g_KV_TraceNewDelMode != 0) std::cout << text << static_cast<const void*>(entity);
+template <class Branch>
+Branch* Named(const Tableau<Branch*>& tab, const char* name) {
+  for (Branch* descriptor : tab)
+    if (std::strcmp(OrEmpty(descriptor->ClassName()), name) == 0) return descriptor;
+  return nullptr;
 }
+
+bool IsBeyond(const Tableau<int>& positions, int id) { return id < 0 || id >= positions.size(); }
 
 }  // namespace
 
-DescriptedEntity::DescriptedEntity() {
-  Trace("\n+Construction de l'entité avec descripteurs ", this);
-  SetMetaClass(KV_DESCRIPTED_ENTITY);
-  AddInstanceToClass(0);
-  SetEntityType(KV_DESCRIPTED_ENTITY);
-  Trace("\n+ FIN Construction de l'entité avec descripteurs ", this);
+template <class Branch>
+void DescriptedEntity::Add(Tableau<Branch*>& tab, Tableau<int>& positions, Descriptor* descriptor,
+                           const char* operation) {
+  if (descriptor == nullptr || descriptor->Subclass() != Branch::branch)
+    BadDescriptorTypeWhenAdd(this, descriptor);
+  const int id = descriptor->ClassSymbol();
+  if (id < 0) FailOnIndex(operation, positions.size(), id);
+  tab.push_back_ifnew(static_cast<Branch*>(descriptor));
+  set_nth_num(positions, id, tab.size() - 1);
+  AddDTS2EntityInstOSIfNew(descriptor);
+  if (descriptor->DescribedDescriptedEntity() != this) descriptor->DescribedEntity(this);
 }
 
-DescriptedEntity::DescriptedEntity(const DescriptedEntity& source) : BasicEntity(source) { BecomeCopy(); }
-
-DescriptedEntity::DescriptedEntity(const DescriptedEntity& source, int depth) : BasicEntity(source, depth) {
-  BecomeCopy();
+void DescriptedEntity::AddConstantDescriptor(Descriptor* descriptor) {
+  Add(mConstantDescriptorTab, mConstantDescriptorPositions, descriptor,
+      "DescriptedEntity::AddConstantDescriptor");
 }
 
-DescriptedEntity::DescriptedEntity(const DescriptedEntity& source, bool withMonitors)
-    : BasicEntity(source, withMonitors) {
-  BecomeCopy();
+void DescriptedEntity::AddConstantDescriptor(Descriptor* descriptor, int isPrivate) {
+  if (descriptor != nullptr) descriptor->SetIsPrivate(isPrivate);
+  AddConstantDescriptor(descriptor);
 }
 
-DescriptedEntity::DescriptedEntity(const DescriptedEntity& source, bool withMonitors, int depth)
-    : BasicEntity(source, withMonitors, depth) {
-  BecomeCopy();
+void DescriptedEntity::AddVariableDescriptor(Descriptor* descriptor) {
+  Add(mVariableDescriptorTab, mVariableDescriptorPositions, descriptor,
+      "DescriptedEntity::AddVariableDescriptor");
 }
 
-void DescriptedEntity::BecomeCopy() {
-  Trace("\n++copy construction de DescriptedEntity ", this);
-  SetEntityType(KV_DESCRIPTED_ENTITY);
+void DescriptedEntity::AddVariableDescriptor(Descriptor* descriptor, int isPrivate) {
+  if (descriptor != nullptr) descriptor->SetIsPrivate(isPrivate);
+  AddVariableDescriptor(descriptor);
 }
 
-DescriptedEntity::~DescriptedEntity() { Trace("\n-Destruction de l'entité à descripteurs ", this); }
+ConstantDescriptor* DescriptedEntity::GetConstantDescriptor(int id) const {
+  if (ConstantDescriptor* const constant = FindConstantDescriptor(id)) return constant;
+  if (IsBeyond(mConstantDescriptorPositions, id)) InexistantDescriptor(this, id, "");
+  InexistantConstantDescriptor(this, id);
+}
+
+VariableDescriptor* DescriptedEntity::GetVariableDescriptor(int id) const {
+  if (VariableDescriptor* const variable = FindVariableDescriptor(id)) return variable;
+  if (IsBeyond(mVariableDescriptorPositions, id)) InexistantDescriptor(this, id, "");
+  InexistantVariableDescriptor(this, id);
+}
+
+Descriptor* DescriptedEntity::GetDescriptor(int id) const {
+  if (VariableDescriptor* const variable = FindVariableDescriptor(id)) return variable;
+  if (ConstantDescriptor* const constant = FindConstantDescriptor(id)) return constant;
+  InexistantDescriptor(this, id, "");
+}
+
+Descriptor* DescriptedEntity::GetDescriptor(const char* name) const {
+  if (VariableDescriptor* const variable = Named(mVariableDescriptorTab, OrEmpty(name))) return variable;
+  if (ConstantDescriptor* const constant = Named(mConstantDescriptorTab, OrEmpty(name))) return constant;
+  InexistantDescriptor(this, K_INT_UNSIGNIFICANT, name);
+}

@@ -60,6 +60,16 @@ Entity* BasicEntity::GetClassNamedElement(int id) const {
   return found;
 }
 
+Entity* DescriptedEntity::GetEntityValue(int id) const { return Cast(GetBasicEntityValue(id)); }
+Entity* DescriptedEntity::GetEntityValue(int id, Boolean trigger) const {
+  return Cast(TriggeredAccess<EntityRow>::Get(*this, id, trigger, "GetEntityValue"));
+}
+Entity* DescriptedEntity::GetEntityVarValue(int id) const { return Cast(GetBasicEntityVarValue(id)); }
+Entity* DescriptedEntity::GetEntityVarValue(int id, Boolean trigger) const {
+  return Cast(GetBasicEntityVarValue(id, trigger));
+}
+Entity* DescriptedEntity::GetEntityConstValue(int id) const { return Cast(GetBasicEntityConstValue(id)); }
+
 Entity* Method::GetEntityArgValue(int id) { return Cast(GetBasicEntityArgValue(id)); }
 
 Entity* Simulation::SimulatedEntity() const { return Cast(SimulatedBasicEntity()); }

@@ -1,7 +1,9 @@
+#include "kalve/descriptors/PredefinedAttributes.h"
 #include "kalve/foundations/CoreTime.h"
 #include "kalve/foundations/SharedConstants.h"
 #include "kalve/methods/CoreMethod.h"
 #include "kalve/model/MetaClass.h"
+#include "kalve/monitors/DescValueMonitor.h"
 #include "kalve/monitors/StructureMonitor.h"
 #include "kalve/specs/EntitySpec.h"
 
@@ -11,12 +13,14 @@ constexpr int shownToTheUser = 1;
 constexpr int withoutInstanceTab = 0;
 
 void EmptyInstanceTables() {
+  DescValueMonitor::mpInstanceTab.erase(10);
   EntitySpec::mpInstanceTab.erase(10);
   StructureMonitor::mpInstanceTab.erase(10);
 }
 
 void MakeNameTables() {
   MakeClassIdToCharTab();
+  MakeDescIdToCharTab();
   MakeMethodIdToCharTab();
   MakeArgumentIdToCharTab();
   K_MakeShortWeekDayNameToCharTab();

@@ -1,4 +1,5 @@
 // Failures of the lookups of descriptors and methods on an entity.
+#include "kalve/descriptors/Descriptor.h"
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/FailureReport.h"
 #include "kalve/methods/Method.h"
@@ -50,6 +51,18 @@ void InexistantDescriptor(DescriptedEntity const* entity, int descriptorId, cons
                 "\nCauses possibles : la spécification d'héritage est incorrecte."
                 "\n                   l'accesseur (Set/Get) ne respecte pas le type de valeur.",
                 sought.c_str(), OnEntity(entity).c_str());
+}
+
+void BadDescriptorTypeWhenAdd(DescriptedEntity* entity, Descriptor* descriptor) {
+  const bool isVariable = descriptor != nullptr && descriptor->IsVariable();
+  ReportFailure("\n!!!============== BadDescriptorTypeWhenAdd ==============",
+                "\n!!! Le descripteur '%s' est %s : il ne peut être ajouté comme %s"
+                "\n    à l'entité '%s' de classe '%s'."
+                "\n!!! Utiliser AddConstantDescriptor pour un descripteur constant,"
+                "\n    AddVariableDescriptor pour un descripteur variable.",
+                descriptor != nullptr ? OrEmpty(descriptor->ClassName()) : "NULL",
+                isVariable ? "variable" : "constant", isVariable ? "constant" : "variable",
+                entity->InstanceName(), entity->ClassName());
 }
 
 void InexistantMethod(Entity* entity, int methodId, const char* name) {

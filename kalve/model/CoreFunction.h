@@ -46,6 +46,13 @@ Entity* GetNamedEntity(const char* name);
 Entity* GetNamedEntity(const char* className, const char* name);
 Entity* GetNamedEntity(int classId, const char* name);
 
+// Entity specifications: specs/EntitySpecLookups.cpp
+/// The first of that name.
+EntitySpec* GetNamedEntitySpec(const char* name);
+/// The first of that reference class; NoInformationForReferenceClass for one before it without a class.
+EntitySpec* GetFirstEntitySpec(int classId);
+/// Deletes all that live, with their conditions.
+void DeleteEntitySpecs();
 // Values of described entities: DescribedLookups.cpp
 /// The first instance of a class whose int descriptor has the value. The first form goes to the constants,
 /// the second to the variables, the third to whichever the class's first instance has, constants before
@@ -63,14 +70,6 @@ void SortDown(Tableau<DescriptedEntity*>* entities, int descId);
 /// lowest (highest) of the type, or for another type. An index failure for an empty table.
 DescriptedEntity* MaxValued(Tableau<DescriptedEntity*>* entities, int descId);
 DescriptedEntity* MinValued(Tableau<DescriptedEntity*>* entities, int descId);
-
-// Entity specifications: specs/EntitySpecLookups.cpp
-/// The first of that name.
-EntitySpec* GetNamedEntitySpec(const char* name);
-/// The first of that reference class; NoInformationForReferenceClass for one before it without a class.
-EntitySpec* GetFirstEntitySpec(int classId);
-/// Deletes all that live, with their conditions.
-void DeleteEntitySpecs();
 
 // Positions: the first index of a match, -9 for none.
 template <class T>

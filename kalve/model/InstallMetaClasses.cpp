@@ -1,6 +1,7 @@
 #include "kalve/descriptors/PredefinedAttributes.h"
 #include "kalve/foundations/CoreTime.h"
 #include "kalve/foundations/SharedConstants.h"
+#include "kalve/inputs/OutputFile.h"
 #include "kalve/methods/CoreMethod.h"
 #include "kalve/model/MetaClass.h"
 #include "kalve/monitors/DescValueMonitor.h"
@@ -15,6 +16,7 @@ constexpr int withoutInstanceTab = 0;
 void EmptyInstanceTables() {
   DescValueMonitor::mpInstanceTab.erase(10);
   EntitySpec::mpInstanceTab.erase(10);
+  OutputFile::mpInstanceTab.erase(10);
   StructureMonitor::mpInstanceTab.erase(10);
 }
 

@@ -92,13 +92,13 @@ TEST_F(DescriptorText, WrongBranchSaysSoAndLeavesTheBuffer) {
 TEST_F(DescriptorText, PlotsTheFirstChangeAndOneInEveryStep) {
   Thing cow{KV_ENTITY, COW};
   cow.SetInstanceName("Marguerite");
-  IntDescValueMonitor monitor("monitor");
-  monitor.AssignWhenGetIntMethod([](MonitorMethod* m) { return -m->GetIntArgValue(21); });
+  IntDescValueMonitor watch("watch");
+  watch.AssignWhenGetIntMethod([](MonitorMethod* m) { return -m->GetIntArgValue(21); });
   IntVariableDescriptor weight(20, "weight");
   weight.DescribedEntity(&cow);
   weight.SetSamplingStep(3);
   weight.SetSamplingStep(0);  // refused
-  monitor.AttachToDescriptor(&weight);
+  watch.AttachToDescriptor(&weight);
   StringVariableDescriptor note(21, "note");
   note.DescribedEntity(&cow);
   note.IsPlotted(1);

@@ -99,14 +99,14 @@ TEST_F(EntityDescriptors, DomainOfEntitiesIsMadeFromTheList) {
 
 TEST_F(EntityDescriptors, EntityGoesThroughMonitorDomainAndRecord) {
   static BasicEntity* answer;
-  EntityDescValueMonitor monitor("monitor");
-  monitor.AssignWhenSetEntityMethod([](MonitorMethod*) { return answer; });
+  EntityDescValueMonitor watch("watch");
+  watch.AssignWhenSetEntityMethod([](MonitorMethod*) { return answer; });
   DescTimeSeries series(nullptr);
   EntityVariableDescriptor mother(20, "mother");
   mother.ValueClassId(ANIMAL);
   mother.SetDescTimeSeries(&series);
   mother.IsRecorded(1);
-  monitor.AttachToDescriptor(&mother);
+  watch.AttachToDescriptor(&mother);
   const auto at = [&](int clock) { simulation.Clock(clock); };
   at(1);
   answer = &bull;
@@ -187,12 +187,12 @@ TEST_F(EntityDescriptors, EveryTouchOfATableIsRecorded) {
 TEST_F(EntityDescriptors, MonitorOfATableAnswersForElementsAndForTheWhole) {
   static BasicEntity* other;
   other = &bull;
-  EntityTabDescValueMonitor monitor("monitor");
-  monitor.AssignWhenAddEntityMethod([](MonitorMethod*) { return other; });
-  monitor.AssignWhenRemoveEntityMethod([](MonitorMethod*) { return other; });
+  EntityTabDescValueMonitor watch("watch");
+  watch.AssignWhenAddEntityMethod([](MonitorMethod*) { return other; });
+  watch.AssignWhenRemoveEntityMethod([](MonitorMethod*) { return other; });
   EntityTabVariableDescriptor herd(20, "herd");
   herd.ValueClassId(COW);
-  monitor.AttachToDescriptor(&herd);
+  watch.AttachToDescriptor(&herd);
   herd.AddValueElement(&cow);  // the list looks at the candidate, and not at the answer
   EXPECT_EQ(RecordedNames(herd.GetEntityTabValue()), "\"b\"");
   herd.AddValueElement(&cow, 0);
@@ -200,25 +200,25 @@ TEST_F(EntityDescriptors, MonitorOfATableAnswersForElementsAndForTheWhole) {
   EXPECT_EQ(RecordedNames(herd.GetEntityTabValue()), "\"a\"");
 
   // Accepting, refusing, changing the whole.
-  monitor.AssignWhenSetEntityTabMethod([](MonitorMethod* m) { return m->GetEntityTabArgValue(36); });
+  watch.AssignWhenSetEntityTabMethod([](MonitorMethod* m) { return m->GetEntityTabArgValue(36); });
   herd.SetValue(NewEntities({&cow, &bull}));
   EXPECT_EQ(RecordedNames(herd.GetEntityTabValue()), "\"a b\"");
-  monitor.AssignWhenSetEntityTabMethod([](MonitorMethod* m) {
+  watch.AssignWhenSetEntityTabMethod([](MonitorMethod* m) {
     delete m->GetEntityTabArgValue(36);  // another answer makes the candidate the body's
     return m->GetEntityTabArgValue(26);
   });
   herd.SetValue(NewEntities({&cow}));
   EXPECT_EQ(RecordedNames(herd.GetEntityTabValue()), "\"a b\"");
-  monitor.AssignWhenSetEntityTabMethod([](MonitorMethod* m) {
+  watch.AssignWhenSetEntityTabMethod([](MonitorMethod* m) {
     delete m->GetEntityTabArgValue(36);
     return NewEntities({other});
   });
   herd.SetValue(NewEntities({&cow}));
   EXPECT_EQ(RecordedNames(herd.GetEntityTabValue()), "\"b\"");
 
-  // An element set: the monitor sees the table as it would be, its answer counts for nothing.
+  // An element set: the watch sees the table as it would be, its answer counts for nothing.
   static int seen;
-  monitor.AssignWhenSetEntityTabMethod([](MonitorMethod* m) -> Entities* {
+  watch.AssignWhenSetEntityTabMethod([](MonitorMethod* m) -> Entities* {
     seen =
         m->GetEntityTabArgValue(36)->position(other) < 0 && m->GetEntityTabArgValue(26)->position(other) == 0;
     return nullptr;
@@ -230,7 +230,7 @@ TEST_F(EntityDescriptors, MonitorOfATableAnswersForElementsAndForTheWhole) {
   static Entities shown;
   shown.erase();
   shown.push_back(other);
-  monitor.AssignWhenGetEntityTabMethod([](MonitorMethod*) { return &shown; });
+  watch.AssignWhenGetEntityTabMethod([](MonitorMethod*) { return &shown; });
   EXPECT_EQ(herd.GetEntityTabValue(), &shown);
   EXPECT_EQ(herd.GetValueElement(0), &bull);
   EXPECT_EQ(herd.GetValueElement(0, 0), &cow);
@@ -308,13 +308,13 @@ TEST_F(EntityDescriptors, TableOfSpecificationsIsOwnedAndReplacedOnesGoBack) {
 
   static DescValueSpec* answer;
   answer = &second;
-  DescValueSpecTabDescValueMonitor monitor("monitor");
-  monitor.AssignWhenAddDescValueSpecMethod([](MonitorMethod*) { return answer; });
-  monitor.AssignWhenRemoveDescValueSpecMethod(
+  DescValueSpecTabDescValueMonitor watch("watch");
+  watch.AssignWhenAddDescValueSpecMethod([](MonitorMethod*) { return answer; });
+  watch.AssignWhenRemoveDescValueSpecMethod(
       [](MonitorMethod* m) { return m->GetDescValueSpecArgValue(37); });
-  monitor.AssignWhenSetDescValueSpecTabMethod(
+  watch.AssignWhenSetDescValueSpecTabMethod(
       [](MonitorMethod* m) { return m->GetDescValueSpecTabArgValue(27); });
-  monitor.AttachToDescriptor(&copy);
+  watch.AttachToDescriptor(&copy);
   copy.AddValueElement(&first);
   EXPECT_EQ(copy.GetDescValueSpecTabValue()->position(&second), 1);
   copy.RemoveValue(&first);

@@ -29,36 +29,36 @@ class ValueMonitor : public ModelTest {
 int Doubled(MonitorMethod* m) { return 2 * m->GetIntArgValue(31); }
 
 TEST_F(ValueMonitor, FlagAndBodyTogetherLetAMethodAct) {
-  IntDescValueMonitor monitor("monitor");
+  IntDescValueMonitor watch("watch");
   IntVariableDescriptor count;
-  monitor.AttachToDescriptor(&count);
+  watch.AttachToDescriptor(&count);
   const auto after = [&](int value) {
     count.SetValue(value);
     return count.GetIntValue();
   };
   EXPECT_EQ(after(3), 3);
-  monitor.AssignWhenSetIntMethod(Doubled);
+  watch.AssignWhenSetIntMethod(Doubled);
   EXPECT_EQ(after(3), 6);
-  monitor.UnassignWhenSetIntMethod();
-  EXPECT_EQ(monitor.HasSetIntMethod(), 0);
+  watch.UnassignWhenSetIntMethod();
+  EXPECT_EQ(watch.HasSetIntMethod(), 0);
   EXPECT_EQ(after(3), 3);
-  monitor.HasSetIntMethod(1);
+  watch.HasSetIntMethod(1);
   EXPECT_EQ(after(3), 6);
-  monitor.AssignWhenSetIntMethod(nullptr);
-  EXPECT_EQ(monitor.HasSetIntMethod(), 1);
+  watch.AssignWhenSetIntMethod(nullptr);
+  EXPECT_EQ(watch.HasSetIntMethod(), 1);
   EXPECT_EQ(after(3), 3) << "without a body";
 }
 
 // Each assignment reaches its own method and flag.
 TEST_F(ValueMonitor, EveryMethodHasItsIdAndFlag) {
-  const auto expect = [](DescValueMonitor& monitor, ValueTypeId type, std::initializer_list<int> ids) {
-    EXPECT_EQ(monitor.DescriptorType(), type);
-    EXPECT_EQ(monitor.MethodTab().size(), static_cast<int>(ids.size()));
+  const auto expect = [](DescValueMonitor& watch, ValueTypeId type, std::initializer_list<int> ids) {
+    EXPECT_EQ(watch.DescriptorType(), type);
+    EXPECT_EQ(watch.MethodTab().size(), static_cast<int>(ids.size()));
     int slot = 0;
     for (int id : ids) {
-      EXPECT_TRUE(monitor.GetMethod(id)->HasBodyAssigned()) << id;
-      EXPECT_EQ(monitor.HasMethodIn(slot++), 1) << id;
-      EXPECT_EQ(static_cast<MonitorMethod*>(monitor.GetMethod(id))->DescribedDescValueMonitor(), &monitor);
+      EXPECT_TRUE(watch.GetMethod(id)->HasBodyAssigned()) << id;
+      EXPECT_EQ(watch.HasMethodIn(slot++), 1) << id;
+      EXPECT_EQ(static_cast<MonitorMethod*>(watch.GetMethod(id))->DescribedDescValueMonitor(), &watch);
     }
   };
   IntDescValueMonitor ints("ints");
@@ -162,30 +162,30 @@ TEST_F(ValueMonitor, MonitorOfAnotherTypeEndsInItsIndexFailure) {
 }
 
 TEST_F(ValueMonitor, BodiesRunByTheirIds) {
-  IntDescValueMonitor monitor("monitor");
-  monitor.AssignWhenSetIntMethod(Doubled);
-  monitor.GetMethod(21)->SetArgValue(31, 21);
-  EXPECT_EQ(monitor.ExecIntCoreMethod(21), 42);
-  EXPECT_EQ(monitor.ExecIntCoreMethod(31), 0) << "without a body";
-  EXPECT_EQ(monitor.GetMethod("whenGetInt"), monitor.GetMethod(31));
-  EXPECT_EQ(monitor.GetMethod("unknown"), nullptr);
-  const ChildOutcome outcome = RunInChild([&] { monitor.ExecDoubleCoreMethod(22); });
+  IntDescValueMonitor watch("watch");
+  watch.AssignWhenSetIntMethod(Doubled);
+  watch.GetMethod(21)->SetArgValue(31, 21);
+  EXPECT_EQ(watch.ExecIntCoreMethod(21), 42);
+  EXPECT_EQ(watch.ExecIntCoreMethod(31), 0) << "without a body";
+  EXPECT_EQ(watch.GetMethod("whenGetInt"), watch.GetMethod(31));
+  EXPECT_EQ(watch.GetMethod("unknown"), nullptr);
+  const ChildOutcome outcome = RunInChild([&] { watch.ExecDoubleCoreMethod(22); });
   EXPECT_NE(outcome.output.find("DescValueMonitor::ExecDoubleCoreMethod"), std::string::npos);
   VoidEntityMethod stranger(99, "stranger");
-  monitor.AddMethod(&stranger);  // no method of a monitor
-  EXPECT_EQ(monitor.MethodTab().size(), 2);
+  watch.AddMethod(&stranger);  // no method of a watch
+  EXPECT_EQ(watch.MethodTab().size(), 2);
 }
 
 TEST_F(ValueMonitor, CopiesAreInNoTable) {
   const int instances = DescValueMonitor::mInstanceNumber;
   const int constructions = DescValueMonitor::getNbConst();
   {
-    DescValueSpecTabDescValueMonitor monitor("monitor");
+    DescValueSpecTabDescValueMonitor watch("watch");
     EXPECT_EQ(DescValueMonitor::mInstanceNumber, instances + 1);
-    EXPECT_EQ(DescValueMonitor::mpInstanceTab.back(), &monitor);
+    EXPECT_EQ(DescValueMonitor::mpInstanceTab.back(), &watch);
     EXPECT_NE(FailureOf([&] {
-                monitor.HasGetDescValueSpecTabMethod(1);
-                DescValueSpecTabDescValueMonitor copy(monitor);
+                watch.HasGetDescValueSpecTabMethod(1);
+                DescValueSpecTabDescValueMonitor copy(watch);
                 // Methods of type P_DESCVALUESPEC are left behind.
                 std::cout << "copied " << copy.MethodTab().size() << copy.HasGetDescValueSpecTabMethod()
                           << std::endl;

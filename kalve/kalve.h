@@ -33,6 +33,7 @@
 #include "kalve/inputs/OutputFile.h"
 #include "kalve/inputs/Parameter.h"
 #include "kalve/inputs/ParserFunction.h"
+#include "kalve/inputs/ParserSpec.h"
 #include "kalve/inputs/SequentialDataFile.h"
 #include "kalve/inputs/SerialDataFile.h"
 #include "kalve/methods/Argument.h"
@@ -57,3 +58,4 @@
 #include "kalve/outputs/DescTimeSeries.h"
 #include "kalve/parsers/Parsers.h"
 #include "kalve/specs/DescValueSpec.h"
+#include "kalve/specs/EntitySpec.h"

@@ -1,9 +1,10 @@
 // A dairy herd at pasture through one grazing season, from its five files:
 //   herd season.prm season.sim season.out season.str season.dir [options]
 #include <array>
+#include <cstdio>
 #include <cstring>
 
-#include "kalve/kalve.h"
+#include "examples/herd/HerdClasses.h"
 
 namespace {
 
@@ -18,10 +19,21 @@ Event* NewHerdEvent(const char* name) {
   return nullptr;
 }
 
+/// A line for each entity, its parts below it.
+void PrintStructure(const BasicEntity& entity, int depth = 0) {
+  std::printf("%*s%s (%s)\n", 2 * depth, "", entity.InstanceName(), entity.ClassName());
+  const Tableau<BasicEntity*> parts =
+      entity.HasComponents() ? entity.GetComponentTab() : entity.GetElementTab();
+  for (const BasicEntity* part : parts)
+    if (part != nullptr) PrintStructure(*part, depth + 1);  // a slot without its component holds null
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   if (ParseMainArguments(argc, argv, 0) == 0) return 1;
+  InstallHerdClasses();
+  Assign_App_NewEntityFromStringFunction(NewHerdEntity);
   Assign_App_NewEventFromStringFunction(NewHerdEvent);
   pCurrentSim = new Simulation();
   ParseParameterFile(argv[1]);
@@ -29,8 +41,13 @@ int main(int argc, char** argv) {
   ParseOutputSpecFile(argv[3]);
   ParseStructureFile(argv[4]);
   ParseDirectiveFile(argv[5]);
+
+  BasicEntity* farm = pCurrentSim->SimulatedBasicEntity();
+  PrintStructure(*farm);
   InitChrono();
   pCurrentSim->Run();
+
+  farm->DeleteInDepth();
   delete pCurrentSim;
   return 0;
 }

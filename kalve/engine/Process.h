@@ -59,6 +59,10 @@ class Process {
   int HasProcessedEntitySpec() const { return mHasProcessedEntitySpec; }
   void HasProcessedEntitySpec(int flag) { mHasProcessedEntitySpec = flag; }
   EntitySpec* ProcessedEntitySpec() const { return mProcessedEntitySpec; }
+  /// The specification, not owned, that finds or makes the entity anew at each question. Its class must be
+  /// the process's or a descendant, and it must select or else make one entity: BadProcessedEntitySpec. Null
+  /// clears the pointer and leaves the flag.
+  void ProcessedEntitySpec(EntitySpec* spec);
   /// BadProcessedEntityClass for an entity of another class; null clears the pointer and leaves the flag.
   void ProcessedEntity(BasicEntity* entity);
   /// The bound entity, else the one that SpecifiedProcessedBasicEntity finds. Null, with a warning, for a
@@ -66,7 +70,8 @@ class Process {
   BasicEntity* ProcessedBasicEntity();
   /// The same, but a process with a class counts as bound to its first instance.
   Entity* ProcessedEntity();
-  /// The first instance of the class.
+  /// The first entity of the specification's expansion (EntitySpecForProcessedEntityYieldsNone), else the
+  /// first instance of the class.
   BasicEntity* SpecifiedProcessedBasicEntity();
   Entity* SpecifiedProcessedEntity();
 

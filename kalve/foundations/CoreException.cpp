@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <utility>
 
 #include "kalve/foundations/FailureReport.h"
 #include "kalve/foundations/NameTables.h"
@@ -16,7 +17,27 @@ void exitOnException(int code) {
   std::exit(code);
 }
 
+namespace {
+
+FailureContext* innermostContext = nullptr;
+
+}  // namespace
+
+FailureContext::FailureContext(std::function<void()> announce)
+    : mAnnounce(std::move(announce)), mOuter(innermostContext) {
+  innermostContext = this;
+}
+
+FailureContext::~FailureContext() { innermostContext = mOuter; }
+
+/// A failure within the announcement itself finds no context.
+void AnnounceFailureContext() {
+  const FailureContext* context = std::exchange(innermostContext, nullptr);
+  if (context != nullptr) context->mAnnounce();
+}
+
 void ReportFailure(const char* banner, const char* format, ...) {
+  AnnounceFailureContext();
   std::fputs(banner, stdout);
   va_list arguments;
   va_start(arguments, format);
@@ -35,6 +56,7 @@ void ReportWarning(const char* format, ...) {
 }
 
 void FailOnIndex(const char* where, int size, int index) {
+  AnnounceFailureContext();
   ReportTabIndexOutOfRange(where, size, index);
   exitOnException(0);
 }

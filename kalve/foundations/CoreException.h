@@ -138,7 +138,7 @@ void BadDate(const char* where, int a, int b, int c, int d, int e, int f);
 // Specifications: specs/SpecFailures.cpp; NoSimulatedEntity: engine/EventFailures.cpp
 [[noreturn]] void NoSimulatedEntity();
 [[noreturn]] void NoInformationForReferenceClass(EntitySpec* spec);
-[[noreturn]] void NoInformationForReferenceClass(EntitySpec* spec, const char* service);
+[[noreturn]] void NoInformationForReferenceClass(EntitySpec* spec, const char* className);
 [[noreturn]] void NoInformationForReferenceClass(EntitySpec* spec, Entity* entity);
 [[noreturn]] void BadQuantitySpecification(int classSymbol, QuantificatorId quantificator, int quantity);
 [[noreturn]] void NoReturnInstanceProcedure(const char* specName, int classSymbol);

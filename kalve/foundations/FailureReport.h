@@ -3,11 +3,28 @@
 #pragma once
 
 #include <cstdarg>
+#include <functional>
 #include <string>
 
 /// Prints banner and body and ends the run. `banner` is the whole literal
 /// "\n!!!============== Name ==============", so that a search for it finds the failure.
 [[noreturn, gnu::format(printf, 2, 3)]] void ReportFailure(const char* banner, const char* format, ...);
+
+/// While it stands, a fatal failure begins with what `announce` prints: where the kernel is at work on behalf
+/// of an input file. Only the innermost one speaks.
+class FailureContext {
+ public:
+  explicit FailureContext(std::function<void()> announce);
+  FailureContext(const FailureContext&) = delete;
+  FailureContext& operator=(const FailureContext&) = delete;
+  ~FailureContext();
+
+ private:
+  std::function<void()> mAnnounce;
+  FailureContext* mOuter;
+
+  friend void AnnounceFailureContext();
+};
 
 /// Prints a warning if g_KV_TraceWarnings is 1.
 [[gnu::format(printf, 1, 2)]] void ReportWarning(const char* format, ...);

@@ -168,6 +168,11 @@ class IntParameter;
 class RealParameter;
 class StringParameter;
 class DateParameter;
+class ExternEntityIteratedActionSpec;
+class ExternEntityAdditionSpec;
+class ExternEntityPlugSpec;
+class ExternEndEntityAdditionSpec;
+class ExternEntityIterationSpec;
 
 // Outputs.
 class OutputSpec;

@@ -7,9 +7,12 @@
 
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/Liste.h"
+#include "kalve/foundations/Records.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/inputs/File.h"
 #include "kalve/inputs/Parameter.h"
+#include "kalve/model/Entity.h"
 #include "kalve/parsers/Parsers.h"
 
 FactorialDesignOfExperiment* g_KV_DOE = nullptr;
@@ -130,6 +133,18 @@ namespace {
 void PrintDashes() { std::printf("\n%s\n", std::string(75, '-').c_str()); }
 
 }  // namespace
+
+void DisplayContainerEntityList(Liste<Entity*>* containers) {
+  containers->go_head();
+  if (containers->is_current_off()) {
+    std::printf("\tLa liste est vide");
+    return;
+  }
+  std::printf("PILE DES ENTITES (classes) :");
+  for (int number = containers->size() - 1; containers->is_current_in(); containers->go_next(), --number)
+    std::printf("\t%d : %s (%x)\n", number, containers->current()->ClassName(),
+                Address32(containers->current()));
+}
 
 #define KALVE_DEFINE_TRACE(letter, LETTER)                     \
   void NL##letter() {                                          \

@@ -41,6 +41,9 @@ extern LexicalInputFile* pCurrentFile;
 extern LexicalInputFile* pFatherFile;
 extern LexicalInputFile* pTmpFile;
 
+/// The stack of entities in progress of a structure file, the current one first.
+void DisplayContainerEntityList(Liste<Entity*>* containers);
+
 /// Letters of the parsers, with their trace switch: d directives, i simulation, p parameters, s structure,
 /// e experiments, o outputs.
 #define KALVE_PARSER_LETTERS(LETTER) \

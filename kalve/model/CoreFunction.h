@@ -46,6 +46,13 @@ Entity* GetNamedEntity(const char* name);
 Entity* GetNamedEntity(const char* className, const char* name);
 Entity* GetNamedEntity(int classId, const char* name);
 
+// Entity specifications: specs/EntitySpecLookups.cpp
+/// The first of that name.
+EntitySpec* GetNamedEntitySpec(const char* name);
+/// The first of that reference class; NoInformationForReferenceClass for one before it without a class.
+EntitySpec* GetFirstEntitySpec(int classId);
+/// Deletes all that live, with their conditions.
+void DeleteEntitySpecs();
 // Values of described entities: DescribedLookups.cpp
 /// The first instance of a class whose int descriptor has the value. The first form goes to the constants,
 /// the second to the variables, the third to whichever the class's first instance has, constants before

@@ -1,10 +1,12 @@
 #include "kalve/descriptors/PredefinedAttributes.h"
 #include "kalve/foundations/CoreTime.h"
 #include "kalve/foundations/SharedConstants.h"
+#include "kalve/inputs/OutputFile.h"
 #include "kalve/methods/CoreMethod.h"
 #include "kalve/model/MetaClass.h"
 #include "kalve/monitors/DescValueMonitor.h"
 #include "kalve/monitors/StructureMonitor.h"
+#include "kalve/specs/EntitySpec.h"
 
 namespace {
 
@@ -13,6 +15,8 @@ constexpr int withoutInstanceTab = 0;
 
 void EmptyInstanceTables() {
   DescValueMonitor::mpInstanceTab.erase(10);
+  EntitySpec::mpInstanceTab.erase(10);
+  OutputFile::mpInstanceTab.erase(10);
   StructureMonitor::mpInstanceTab.erase(10);
 }
 

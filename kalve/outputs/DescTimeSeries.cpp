@@ -69,8 +69,8 @@ void ClockValueItem::SetValue(const char* value, ValueTypeId type) {
 
 // The series --------------------------------------------------------------------------------------------
 
-// A header with `capacity` places behind it, the first of them used before the next chunk is made. Capacities
-// double from 4 to 256: a run has many series of few points, and some of very many.
+// A header with places behind it, all of them used before the next chunk is made. Capacities double from 4 to
+// 256: a run has many series of few points, and some of very many.
 struct DescTimeSeries::Chunk {
   Chunk* next;
   long capacity;
@@ -81,32 +81,35 @@ struct DescTimeSeries::Chunk {
 
 DescTimeSeries::~DescTimeSeries() {
   for (Chunk* chunk = mHead; chunk != nullptr;) {
-    ClockValueItem* const end = chunk == mTail ? mLast + 1 : chunk->End();
-    std::destroy(chunk->First(), end);
+    if (mHoldsTexts) std::destroy(chunk->First(), chunk == mTail ? mLast + 1 : chunk->End());
     Chunk* const next = chunk->next;
     ::operator delete(chunk);
     chunk = next;
   }
 }
 
-ClockValueItem* DescTimeSeries::NewPlace() {
-  if (mTail != nullptr && mLast + 1 != mTail->End()) return mLast + 1;
+ClockValueItem* DescTimeSeries::NewChunk() {
   const long capacity = mTail == nullptr ? 4 : std::min(2 * mTail->capacity, 256L);
   static_assert(sizeof(Chunk) % alignof(ClockValueItem) == 0);
   void* memory = ::operator new(sizeof(Chunk) + static_cast<std::size_t>(capacity) * sizeof(ClockValueItem));
   Chunk* const chunk = new (memory) Chunk{nullptr, capacity};
   (mTail == nullptr ? mHead : mTail->next) = chunk;
   mTail = chunk;
+  mEnd = chunk->End();
   return chunk->First();
 }
 
 template <class Value>
 void DescTimeSeries::Add(int clock, Value value, ValueTypeId type) {
+  if (type == STRING) mHoldsTexts = true;
+  ClockValueItem* place = mEnd;
   if (mLast != nullptr) {
     GoTail();
     if (mLast->mClock == clock) return mLast->SetValue(value, type);
+    place = mLast + 1;
   }
-  mLast = new (NewPlace()) ClockValueItem(clock, value, type);
+  if (place == mEnd) place = NewChunk();
+  mLast = new (place) ClockValueItem(clock, value, type);
 }
 
 void DescTimeSeries::AddClockIntValueItem(int clock, int value) { Add(clock, value, INT); }

@@ -96,7 +96,7 @@ class DescTimeSeries {
 
   template <class Value>
   void Add(int clock, Value value, ValueTypeId type);
-  ClockValueItem* NewPlace();
+  ClockValueItem* NewChunk();
   void MoveTo(Chunk* chunk, ClockValueItem* item) {
     mCurrentChunk = chunk;
     mCurrent = item;
@@ -106,6 +106,8 @@ class DescTimeSeries {
   Chunk* mHead = nullptr;
   Chunk* mTail = nullptr;
   ClockValueItem* mLast = nullptr;
+  ClockValueItem* mEnd = nullptr;  // of the last chunk
+  bool mHoldsTexts = false;
   Chunk* mCurrentChunk = nullptr;  // holds mCurrent
   ClockValueItem* mCurrent = nullptr;
 };

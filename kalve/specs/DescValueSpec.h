@@ -8,6 +8,9 @@
 // There are five, told apart by the type of the value; nothing is virtual, and whoever holds the base goes
 // by the tag. Three hold closed intervals and differ by a row; a text and an entity domain list values.
 //
+// A specification given to an entity specification belongs to it and to its copies: the last of those that
+// list it frees it.
+//
 // Members that read or write a descriptor of an entity stand in ConditionOnEntity.cpp, those that ask an
 // entity for its class or look it up by name in EntityDomains.cpp.
 #pragma once
@@ -57,10 +60,20 @@ class DescValueSpec {
   int Meets(bool found) const { return mRelationalOperator == IN ? found : !found; }
 
  private:
+  friend class EntitySpec;
+  /// How often entity specifications list this object. No copy is listed with its source.
+  struct Listings {
+    int count = 0;
+    Listings() = default;
+    Listings(const Listings& /*source*/) {}
+    Listings& operator=(const Listings& /*source*/) { return *this; }
+  };
+
   std::string mClassName = "descValueSpec";
   int mDescId = K_INT_UNSIGNIFICANT;
   RelationalOperator mRelationalOperator = IN;
   ValueTypeId mValueType = VOID;
+  Listings mListings;
 
   static int _nbConst;
   static int _nbDest;

@@ -2,7 +2,38 @@
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/FailureReport.h"
 #include "kalve/model/BasicEntity.h"
+#include "kalve/model/Entity.h"
 #include "kalve/specs/DescValueSpec.h"
+#include "kalve/specs/EntitySpec.h"
+
+namespace {
+
+constexpr const char* noInformationForReferenceClass =
+    "\n!!!============== NoInformationForReferenceClass ==============";
+
+}  // namespace
+
+void NoInformationForReferenceClass(EntitySpec* spec) {
+  ReportFailure(noInformationForReferenceClass,
+                "\n!!! La classe de référence de la spécification d'entités '%s' n'est pas définie."
+                "\n    Ni le symbole ni le nom de cette classe n'ont été donnés.",
+                spec->ClassName());
+}
+
+void NoInformationForReferenceClass(EntitySpec* spec, const char* className) {
+  ReportFailure(noInformationForReferenceClass,
+                "\n!!! La classe de référence '%s' de la spécification d'entités '%s' est inconnue :"
+                "\n    aucune instance de cette classe n'a encore été créée.",
+                OrEmpty(className), spec->ClassName());
+}
+
+void NoInformationForReferenceClass(EntitySpec* spec, Entity* entity) {
+  ReportFailure(noInformationForReferenceClass,
+                "\n!!! La classe de référence de la spécification d'entités '%s' n'est pas définie."
+                "\n    entité : '%s' (classe '%s')",
+                spec->ClassName(), entity != nullptr ? entity->InstanceName() : "",
+                entity != nullptr ? entity->ClassName() : "");
+}
 
 void BadQuantitySpecification(int classSymbol, QuantificatorId quantificator, int quantity) {
   ReportFailure("\n!!!============== BadQuantitySpecification ==============",

@@ -2,28 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
 #include <random>
 #include <vector>
 
 #include "tests/model/ModelTest.h"
-
-namespace {
-
-std::size_t gAllocations = 0;
-std::size_t gAllocatedBytes = 0;
-
-}  // namespace
-
-// Counts what the library asks for. Freed by free(), whatever form of delete is called.
-void* operator new(std::size_t size) {
-  ++gAllocations;
-  gAllocatedBytes += size;
-  return std::malloc(size);
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+#include "tests/support/AllocationCount.h"
 
 namespace {
 
@@ -152,12 +135,12 @@ TEST(TimeSeries, MemoryPerPointStaysSmallAndChangesWithinAClockCostNone) {
   };
   for (const Case& c :
        {Case{1, 96, 1}, Case{24, 48, 3}, Case{365, 32, 7}, Case{8760, 18, 41}, Case{1000000, 17, 3920}}) {
-    gAllocations = gAllocatedBytes = 0;
+    gAllocations = {};
     DescTimeSeries series(nullptr);
     for (int clock = 0; clock < c.points; ++clock)
       for (int change = 0; change < 3; ++change) series.AddClockDoubleValueItem(clock, change);
-    EXPECT_LE(static_cast<double>(gAllocatedBytes) / c.points, c.bytesPerPoint) << c.points;
-    EXPECT_LE(gAllocations, c.allocations) << c.points;
+    EXPECT_LE(static_cast<double>(gAllocations.bytes) / c.points, c.bytesPerPoint) << c.points;
+    EXPECT_LE(gAllocations.calls, c.allocations) << c.points;
   }
 }
 

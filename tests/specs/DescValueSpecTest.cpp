@@ -318,6 +318,47 @@ TEST(ValueSpec, WideDomainsStayInRange) {
   }
 }
 
+// Sets the library's generator, in its form of 8 bytes of state, so that its n-th next number is the highest.
+class HighestNumber {
+ public:
+  explicit HighestNumber(int nth) : mKept(initstate(1, mState, sizeof mState)) {
+    unsigned inverse = 1;
+    for (int i = 0; i < 5; ++i) inverse *= 2 - factor * inverse;
+    unsigned state = 2147483647;
+    for (; nth > 0; --nth) state = (state - 12345) * inverse & 2147483647;
+    srandom(state);
+  }
+  ~HighestNumber() { setstate(mKept); }
+
+ private:
+  static constexpr unsigned factor = 1103515245;
+  char mState[8] = {};
+  char* mKept;
+};
+
+// There RandomInteger answers its bound.
+TEST(ValueSpec, TheHighestNumberStaysInTheDomain) {
+  {
+    const HighestNumber highest(2);
+    std::rand();
+    ASSERT_EQ(std::rand(), RAND_MAX);
+  }
+  for (int nth : {1, 2}) {
+    const auto draw = [nth](const auto& spec) {
+      const HighestNumber highest(nth);
+      return spec.GetValueInDomain();
+    };
+    DescIntValueSpec integers(1, IN, 3, 5);
+    DescDoubleValueSpec reals(1, IN, 3.0, 5.0);
+    EXPECT_FALSE(integers.IsOutOfDomain(draw(integers)));
+    EXPECT_FALSE(reals.IsOutOfDomain(draw(reals)));
+    integers.SetRelationalOperator(NOT_IN);
+    integers.AddSubDomain(8, 9);
+    EXPECT_TRUE(integers.IsOutOfDomain(draw(integers)));
+    EXPECT_STREQ(draw(DescStringValueSpec(1, IN, "a")), "a");
+  }
+}
+
 TEST(ValueSpec, ListsDrawAnEntryOrNothing) {
   const char* const names[] = {"a", "b", "c"};
   DescStringValueSpec texts(1, IN);

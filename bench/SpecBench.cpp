@@ -1,0 +1,97 @@
+// The expansion of an entity specification over a hundred thousand instances, against a loop written by hand
+// over the same entities.
+#include <vector>
+
+#include "bench/Pair.h"
+#include "kalve/engine/Simulation.h"
+#include "kalve/methods/Method.h"
+#include "kalve/methods/PredefinedIds.h"
+#include "kalve/model/CoreFunction.h"
+#include "kalve/model/Entity.h"
+#include "kalve/model/MetaClass.h"
+#include "kalve/specs/EntitySpec.h"
+
+namespace {
+
+constexpr int cow = 10;
+constexpr int instances = 100000;
+
+class Cow : public Entity {
+ public:
+  Cow() {
+    SetMetaClass(cow);
+    AddInstanceToClass();
+  }
+};
+
+/// A simulation with its cows.
+class Herd {
+ public:
+  Herd() {
+    pCurrentSim = &mSimulation;
+    K_InstallMetaClasses();
+    CreateMetaClass(cow, "Cow")->SetParentClassId(KV_ENTITY);
+    SetHierarchy();
+    for (int i = 0; i < instances; ++i) mCows.push_back(new Cow);
+  }
+  Herd(const Herd&) = delete;
+  Herd& operator=(const Herd&) = delete;
+  ~Herd() {
+    for (Cow* animal : mCows) DeleteEntity(animal);
+    for (MetaClass* metaClass : gMetaClassTab) delete metaClass;
+    gMetaClassTab.erase();
+    gMetaClassIdTab.erase();
+    pCurrentSim = nullptr;
+  }
+  const std::vector<Cow*>& Cows() const { return mCows; }
+
+ private:
+  Simulation mSimulation;
+  std::vector<Cow*> mCows;
+};
+
+bool IsEven(const BasicEntity& entity) { return entity.InstanceNumber() % 2 == 0; }
+
+bool SelectsEven(EntitySpecMethod* method) {
+  return IsEven(*method->GetBasicEntityArgValue(CANDIDATEENTITY_ARGUMENT));
+}
+
+void ExpandByPredicate(benchmark::State& state) {
+  const Herd herd;
+  EntitySpec spec(cow);
+  spec.AssignSelectorPredicate(SelectsEven);
+  std::vector<Cow*> found;
+  MeasurePair(
+      state, instances, [&] { spec.Expand(); },
+      [&] {
+        found.clear();
+        for (Cow* animal : herd.Cows())
+          if (IsEven(*animal)) found.push_back(animal);
+        benchmark::DoNotOptimize(found.data());
+      });
+}
+
+/// What a caller reads: the expansion without dead entities and those of the engine.
+void ReadExpansion(benchmark::State& state) {
+  const Herd herd;
+  EntitySpec spec(cow);
+  spec.AssignSelectorPredicate(SelectsEven);
+  spec.Expand();
+  std::vector<Cow*> found;
+  for (Cow* animal : herd.Cows())
+    if (IsEven(*animal)) found.push_back(animal);
+  MeasurePair(
+      state, instances / 2, [&] { benchmark::DoNotOptimize(spec.GetExpansion()->size()); },
+      [&] {
+        std::size_t kept = 0;
+        for (Cow* animal : found)
+          if (animal->IsEngineManaged() == 0) found[kept++] = animal;
+        found.resize(kept);
+        benchmark::DoNotOptimize(found.data());
+      });
+}
+
+BENCHMARK(ExpandByPredicate)->UseManualTime();
+BENCHMARK(ReadExpansion)->UseManualTime();
+
+}  // namespace

@@ -1,0 +1,95 @@
+// The actions that build a structure: records that the structure parser fills field by field, and the
+// interpreter that runs them.
+//
+// A FOR of a structure file becomes an ExternEntityIterationSpec, whose list holds the actions of its block,
+// nested loops included; it is run as a whole. What stands outside of loops runs the same way, as a loop of
+// one pass. The records are plain data without virtual operations: their kind tells what they are, and
+// ParserSpec.cpp has one row for each kind.
+#pragma once
+
+#include <string>
+
+#include "kalve/foundations/Enumerations.h"
+#include "kalve/foundations/Liste.h"
+#include "kalve/foundations/Tableau.h"
+
+/// What the interpreter has to say when it stops before the end, else "". Whoever calls the interpreter
+/// clears it first and reads it afterwards: nothing is printed, and the run goes on. Longer texts are cut.
+inline constexpr int gErrorStringSize = 100;
+extern char gErrorString[gErrorStringSize];
+
+/// Any action.
+class ExternEntityIteratedActionSpec {
+ public:
+  enum Kind : int {
+    CREATE_ENTITY = 0,  ///< one that stands by itself: ExternEntityAdditionSpec
+    END_ENTITY = 1,     ///< pops the stack of containers: ExternEndEntityAdditionSpec
+    ADD_COMPONENT = 2,  ///< creates one, a component of the current entity: ExternEntityAdditionSpec
+    ADD_ELEMENT = 3,    ///< creates one, an element of the current entity: ExternEntityAdditionSpec
+    ITERATION = 5,      ///< a nested loop: ExternEntityIterationSpec
+    PLUG_COMPONENT = 6,
+    PLUG_ELEMENT = 7,  ///< both do nothing: ExternEntityPlugSpec
+  };
+
+  ExternEntityIteratedActionSpec();
+  ExternEntityIteratedActionSpec(const ExternEntityIteratedActionSpec&) = delete;
+  ExternEntityIteratedActionSpec& operator=(const ExternEntityIteratedActionSpec&) = delete;
+  ~ExternEntityIteratedActionSpec();
+
+  static int getNbConst() { return _nbConst; }
+  static int getNbDest() { return _nbDest; }
+
+  /// Set by whoever makes the record; an iteration sets its own. Other numbers than those above are passed
+  /// over, and such a record is never freed.
+  int mKind = K_INT_UNSIGNIFICANT;
+
+ private:
+  static int _nbConst;
+  static int _nbDest;
+};
+
+/// Creation of an entity, which becomes the current one.
+class ExternEntityAdditionSpec : public ExternEntityIteratedActionSpec {
+ public:
+  /// Both copy.
+  void SetClassName(const char* name) { mClassName = name; }
+  void SetInstanceName(const char* name) { mInstanceName = name; }
+
+  std::string mClassName;
+  /// "" leaves the name that the constructor gives.
+  std::string mInstanceName;
+  /// The value of the iterator follows the instance name.
+  bool mIsIteratedName = false;
+};
+
+class ExternEntityPlugSpec : public ExternEntityIteratedActionSpec {};
+
+/// End of the entity in progress.
+class ExternEndEntityAdditionSpec : public ExternEntityIteratedActionSpec {};
+
+/// A loop. It owns its actions, and deletes them with itself.
+class ExternEntityIterationSpec : public ExternEntityIteratedActionSpec {
+ public:
+  /// `level` is the depth that traces show; `iteratorRank` tells where the loop keeps the value of its
+  /// iterator in the table of iterators; both bounds are included.
+  ExternEntityIterationSpec(int level, int iteratorRank, int first, int last);
+  ~ExternEntityIterationSpec();
+
+  void addAction(ExternEntityIteratedActionSpec* action) { mActions.push_back(action); }
+
+  /// Runs the actions for each value of the iterator. `containers` is the stack of entities in progress, the
+  /// head being the current one. A loop that is nested must leave it as it finds it. On a failure, which
+  /// gErrorString tells, the stack and the entities made so far stay as they are.
+  void execActionList(Liste<Entity*>* containers, Tableau<int>* iterators);
+
+  /// The action at which the execution stands or has stopped, in nested loops too; null after its end.
+  const ExternEntityIteratedActionSpec* ActionInProgress() const;
+
+  int mLevel;
+  int mIteratorRank;
+  int mFirst;
+  int mLast;
+
+ private:
+  Liste<ExternEntityIteratedActionSpec*> mActions;
+};

@@ -106,19 +106,27 @@ void NumberTabAccess<Row>::AddElement(const DescriptedEntity& entity, int id, It
 }
 
 // A new row needs a line here.
+#define KALVE_CONSTANTS(Row) template class ConstantAccess<Row>;
+#define KALVE_PLAIN(Row) KALVE_CONSTANTS(Row) template class PlainAccess<Row>;
+#define KALVE_TRIGGERED(Row) KALVE_PLAIN(Row) template class TriggeredAccess<Row>;
+#define KALVE_NUMBERS(Row) KALVE_CONSTANTS(Row) template class NumberTabAccess<Row>;
 
-template class TriggeredAccess<IntRow>;
-template class TriggeredAccess<FloatRow>;
-template class TriggeredAccess<DoubleRow>;
-template class TriggeredAccess<StringRow>;
-template class TriggeredAccess<EntityRow>;
-template class TriggeredAccess<IntDomainRow>;
-template class TriggeredAccess<FloatDomainRow>;
-template class TriggeredAccess<DoubleDomainRow>;
-template class TriggeredAccess<StringTabRow>;
-template class TriggeredAccess<EntityTabRow>;
-template class TriggeredAccess<DescValueSpecTabRow>;
-template class PlainAccess<EntitySpecRow>;
-template class NumberTabAccess<IntTabRow>;
-template class NumberTabAccess<FloatTabRow>;
-template class NumberTabAccess<DoubleTabRow>;
+KALVE_TRIGGERED(IntRow)
+KALVE_TRIGGERED(FloatRow)
+KALVE_TRIGGERED(DoubleRow)
+KALVE_TRIGGERED(StringRow)
+KALVE_TRIGGERED(EntityRow)
+KALVE_TRIGGERED(IntDomainRow)
+KALVE_TRIGGERED(FloatDomainRow)
+KALVE_TRIGGERED(DoubleDomainRow)
+KALVE_TRIGGERED(StringTabRow)
+KALVE_TRIGGERED(EntityTabRow)
+KALVE_TRIGGERED(DescValueSpecTabRow)
+KALVE_PLAIN(EntitySpecRow)
+KALVE_NUMBERS(IntTabRow)
+KALVE_NUMBERS(FloatTabRow)
+KALVE_NUMBERS(DoubleTabRow)
+#undef KALVE_NUMBERS
+#undef KALVE_TRIGGERED
+#undef KALVE_PLAIN
+#undef KALVE_CONSTANTS

@@ -105,30 +105,28 @@ void NumberTabAccess<Row>::AddElement(const DescriptedEntity& entity, int id, It
     Checked<Constant>(entity, ConstantOrFail(entity, id), Row::addWords).AddValueElement(value);
 }
 
-// A new row needs a line here. Naming the last class of the family leaves those below it out.
-#define KALVE_CONSTANT_ROW(Row) template class ConstantAccess<Row>;
-#define KALVE_NUMBER_TAB_ROW(Row) \
-  KALVE_CONSTANT_ROW(Row)         \
-  template class NumberTabAccess<Row>;
-#define KALVE_PLAIN_ROW(Row) \
-  KALVE_CONSTANT_ROW(Row)    \
-  template class PlainAccess<Row>;
-#define KALVE_TRIGGERED_ROW(Row) \
-  KALVE_PLAIN_ROW(Row)           \
-  template class TriggeredAccess<Row>;
+// A new row needs a line here.
+#define KALVE_CONSTANTS(Row) template class ConstantAccess<Row>;
+#define KALVE_PLAIN(Row) KALVE_CONSTANTS(Row) template class PlainAccess<Row>;
+#define KALVE_TRIGGERED(Row) KALVE_PLAIN(Row) template class TriggeredAccess<Row>;
+#define KALVE_NUMBERS(Row) KALVE_CONSTANTS(Row) template class NumberTabAccess<Row>;
 
-KALVE_TRIGGERED_ROW(IntRow)
-KALVE_TRIGGERED_ROW(FloatRow)
-KALVE_TRIGGERED_ROW(DoubleRow)
-KALVE_TRIGGERED_ROW(StringRow)
-KALVE_TRIGGERED_ROW(EntityRow)
-KALVE_TRIGGERED_ROW(IntDomainRow)
-KALVE_TRIGGERED_ROW(FloatDomainRow)
-KALVE_TRIGGERED_ROW(DoubleDomainRow)
-KALVE_TRIGGERED_ROW(StringTabRow)
-KALVE_TRIGGERED_ROW(EntityTabRow)
-KALVE_TRIGGERED_ROW(DescValueSpecTabRow)
-KALVE_PLAIN_ROW(EntitySpecRow)
-KALVE_NUMBER_TAB_ROW(IntTabRow)
-KALVE_NUMBER_TAB_ROW(FloatTabRow)
-KALVE_NUMBER_TAB_ROW(DoubleTabRow)
+KALVE_TRIGGERED(IntRow)
+KALVE_TRIGGERED(FloatRow)
+KALVE_TRIGGERED(DoubleRow)
+KALVE_TRIGGERED(StringRow)
+KALVE_TRIGGERED(EntityRow)
+KALVE_TRIGGERED(IntDomainRow)
+KALVE_TRIGGERED(FloatDomainRow)
+KALVE_TRIGGERED(DoubleDomainRow)
+KALVE_TRIGGERED(StringTabRow)
+KALVE_TRIGGERED(EntityTabRow)
+KALVE_TRIGGERED(DescValueSpecTabRow)
+KALVE_PLAIN(EntitySpecRow)
+KALVE_NUMBERS(IntTabRow)
+KALVE_NUMBERS(FloatTabRow)
+KALVE_NUMBERS(DoubleTabRow)
+#undef KALVE_NUMBERS
+#undef KALVE_TRIGGERED
+#undef KALVE_PLAIN
+#undef KALVE_CONSTANTS

@@ -204,6 +204,7 @@ TEST(FactualDataFile, KeepsARecordUntilItsDate) {
   EXPECT_EQ(file.IsBufferEmpty(), 0);
   EXPECT_STREQ(file.GetStringFieldReadValue(1), "sun");
   EXPECT_STREQ(file.GetStringFieldValue(1), "rain");
+  std::strcpy(file.mReadTab[1]->mValue.stringValue, "hail");  // the kept record does not change with it
   now = 10;
   EXPECT_EQ(file.ReadNextEnrgt(), 2);
   EXPECT_STREQ(file.GetStringFieldValue(1), "sun");

@@ -170,6 +170,7 @@ class StringParameter;
 class DateParameter;
 class ExternEntityIteratedActionSpec;
 class ExternEntityAdditionSpec;
+class ExternEntityDescAffectationSpec;
 class ExternEntityPlugSpec;
 class ExternEndEntityAdditionSpec;
 class ExternEntityIterationSpec;

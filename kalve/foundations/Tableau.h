@@ -180,7 +180,7 @@ void Tableau<T>::push_back(const T& item) {
 template <class T>
 void Tableau<T>::push_back(const Tableau& others) {
   const int added = others.mSize;
-  if (added == 0) return;
+  if (added <= 0) return;
   if (mSize + added > mCapacity) Reserve(mSize + added);
   std::memcpy(mItems + mSize, others.mItems, static_cast<std::size_t>(added) * sizeof(T));
   mSize += added;

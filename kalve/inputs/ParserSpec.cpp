@@ -1,5 +1,8 @@
 #include "kalve/inputs/ParserSpec.h"
 
+#include <algorithm>
+#include <array>
+#include <climits>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
@@ -10,8 +13,12 @@
 #include "kalve/model/ApplicationHooks.h"
 #include "kalve/model/CoreFunction.h"
 #include "kalve/model/Entity.h"
+#include "kalve/specs/EntitySpec.h"
 
 char gErrorString[gErrorStringSize] = "";
+char gIterString[50] = "";
+const char* const gUnknownEntityClass =
+    "\n!!! Création d'une entité d'une classe inconnue de l'application !!!\n";
 
 int ExternEntityIteratedActionSpec::_nbConst = 0;
 int ExternEntityIteratedActionSpec::_nbDest = 0;
@@ -72,15 +79,17 @@ void GiveInstanceName(Entity* entity, const ExternEntityAdditionSpec& addition, 
   if (addition.mIsIteratedName || !name.empty()) entity->SetInstanceName(name.c_str());
 }
 
-/// Creates the entity, names it and puts it on the stack; null, and the error text, when there is no such
-/// class.
+/// Null, and the error text, when the application has no such class.
+Entity* NewEntity(const char* className) {
+  Entity* entity = pApp_NewEntityFromString != nullptr ? pApp_NewEntityFromString(className) : nullptr;
+  if (entity == nullptr) Fails(gUnknownEntityClass);
+  return entity;
+}
+
+/// Creates the entity, names it and puts it on the stack; null when it cannot be made.
 Entity* PushNewEntity(const Pass& pass, const ExternEntityAdditionSpec& addition) {
-  Entity* entity =
-      pApp_NewEntityFromString != nullptr ? pApp_NewEntityFromString(addition.mClassName.c_str()) : nullptr;
-  if (entity == nullptr) {
-    Fails("\n!!! Création d'une entité d'une classe inconnue de l'application !!!\n");
-    return nullptr;
-  }
+  Entity* entity = NewEntity(addition.mClassName.c_str());
+  if (entity == nullptr) return nullptr;
   GiveInstanceName(entity, addition, pass.iterator);
   pass.containers->push_front(entity);
   return entity;
@@ -136,6 +145,205 @@ bool EndEntity(Pass& pass, Action* /*action*/) {
   return true;
 }
 
+// Values
+
+/// A value on its way to a descriptor.
+struct Assignment {
+  const ExternEntityDescAffectationSpec& spec;
+  Entity* entity;
+  int iterator;
+  int id;    ///< of the descriptor, -9 for none of that name
+  int type;  ///< its type, likewise
+
+  bool IsDynamic() const { return spec.mIsDynamic != 0; }
+};
+
+/// To the nearest int.
+int ToInt(double value) {
+  return static_cast<int>(std::clamp(value, static_cast<double>(INT_MIN), static_cast<double>(INT_MAX)));
+}
+
+// One function for each type of value, for the types of descriptor that its row names: false, with an error
+// text, when it fails.
+
+bool AssignInt(const Assignment& a) {
+  const int value = a.IsDynamic() ? a.iterator : a.spec.mIntValue;
+  switch (a.type) {
+    case INT:
+      Trace("\t\tvaleur : %d\n", value);
+      a.entity->SetIntValue(a.id, value);
+      break;
+    case FLOAT:
+      Trace("\tvaleur : %f\n", static_cast<double>(static_cast<float>(value)));
+      a.entity->SetFloatValue(a.id, static_cast<float>(value));
+      break;
+    default:
+      Trace("\tvaleur : %f\n", static_cast<double>(value));
+      a.entity->SetDoubleValue(a.id, static_cast<double>(value));
+  }
+  return true;
+}
+
+bool AssignDouble(const Assignment& a) {
+  const double value = a.IsDynamic() ? static_cast<double>(a.iterator) : a.spec.mDoubleValue;
+  switch (a.type) {
+    case INT:
+      Trace("\t\tvaleur : %d\n", ToInt(value));
+      a.entity->SetIntValue(a.id, ToInt(value));
+      break;
+    case FLOAT:
+      Trace("\t\tvaleur : %f\n", static_cast<double>(static_cast<float>(value)));
+      a.entity->SetFloatValue(a.id, static_cast<float>(value));
+      break;
+    default:
+      Trace("\t\tvaleur : %f\n", value);
+      a.entity->SetDoubleValue(a.id, value);
+  }
+  return true;
+}
+
+bool AssignString(const Assignment& a) {
+  const char* value = a.spec.mStringValue.c_str();
+  if (a.IsDynamic()) {
+    std::snprintf(gIterString, sizeof gIterString, "%s%d", value, a.iterator);
+    value = gIterString;
+  }
+  Trace("\t\tvaleur : %s\n", value);
+  a.entity->SetStringValue(a.id, value);
+  return true;
+}
+
+bool AssignEntity(const Assignment& a) {
+  Entity* value = NewEntity(a.spec.mEntityClassName);
+  if (value == nullptr) return false;
+  Trace("\t\tvaleur : %s (%x)\n", value->InstanceName(), Address32(value));
+  a.entity->SetEntityValue(a.id, value);
+  return true;
+}
+
+void TraceDescribedEntity(const Assignment& a) {
+  Trace("\t\tentité décrite : %s (%x)\n", a.entity->InstanceName(), Address32(a.entity));
+}
+
+bool AddEntity(const Assignment& a) {
+  Entity* value = NewEntity(a.spec.mEntityClassName);
+  if (value == nullptr) return false;
+  TraceDescribedEntity(a);
+  Trace("\t\tvaleur : %s (%x)\n", value->InstanceName(), Address32(value));
+  a.entity->AddEntityValueElement(a.id, value);
+  return true;
+}
+
+bool AssignEntitySpec(const Assignment& a) {
+  EntitySpec* value = a.spec.mEntitySpec;
+  Trace("\t\tvaleur : %s (%x)\n", value != nullptr ? value->ClassName() : "", Address32(value));
+  a.entity->SetEntitySpecValue(a.id, value);
+  return true;
+}
+
+bool AddIntInterval(const Assignment& a) {
+  Trace("\t\tintervalle : (%d %d)\n", a.spec.mIntValue, a.spec.mIntHighValue);
+  a.entity->AddIntDomainValueElement(a.id, a.spec.mIntValue, a.spec.mIntHighValue);
+  return true;
+}
+
+bool AddInt(const Assignment& a) {
+  TraceDescribedEntity(a);
+  Trace("\t\tvaleur : %d \n", a.spec.mIntValue);
+  a.entity->AddIntValueElement(a.id, a.spec.mIntValue);
+  return true;
+}
+
+bool AddReal(const Assignment& a) {
+  TraceDescribedEntity(a);
+  Trace("\t\tvaleur : %f \n", a.spec.mDoubleValue);
+  if (a.type == FLOAT_TAB)
+    a.entity->AddFloatValueElement(a.id, static_cast<float>(a.spec.mDoubleValue));
+  else
+    a.entity->AddDoubleValueElement(a.id, a.spec.mDoubleValue);
+  return true;
+}
+
+/// What is done with a type of value, and the error texts.
+struct ValueTypeRow {
+  int type;
+  std::array<int, 3> descriptorTypes;  ///< that take it
+  bool (*assign)(const Assignment& assignment);
+  const char* whenOtherType;
+  const char* whenDynamic;  ///< null for a type that can be dynamic
+
+  bool Takes(int descriptorType) const {
+    return descriptorType > 0 && std::ranges::count(descriptorTypes, descriptorType) > 0;
+  }
+};
+
+constexpr ValueTypeRow valueTypeRows[] = {
+    {INT,
+     {INT, FLOAT, DOUBLE},
+     AssignInt,
+     "\n!!! Affectation d'une valeur entière à un descripteur non numérique\n    ou qui n'existe pas !!!\n",
+     nullptr},
+    {DOUBLE,
+     {INT, FLOAT, DOUBLE},
+     AssignDouble,
+     "\n!!! Affectation d'une valeur réelle à un descripteur non numérique\n    ou qui n'existe pas !!!\n",
+     nullptr},
+    {STRING,
+     {STRING},
+     AssignString,
+     "\n!!! Affectation d'une chaîne à un descripteur non String !!!\n",
+     nullptr},
+    {P_ENTITY,
+     {P_ENTITY},
+     AssignEntity,
+     "\n!!! Affectation d'une valeur 'entité' à un descripteur d'un autre type !!!\n",
+     "\n!!! Affectation dynamique d'une valeur 'entité' : doit être statique !!!\n"},
+    {ENTITY_TAB,
+     {ENTITY_TAB},
+     AddEntity,
+     "\n!!! Ajout d'une valeur 'entité' à un descripteur d'un autre type !!!\n",
+     "\n!!! Ajout dynamique d'un élément valeur 'entité' : doit être statique !!!\n"},
+    {P_ENTITYSPEC,
+     {P_ENTITYSPEC},
+     AssignEntitySpec,
+     "\n!!! Affectation d'une valeur 'spécification d'entités' à un descripteur d'un autre type !!!\n",
+     "\n!!! Affectation dynamique d'une valeur 'spécification d'entités' : doit être statique !!!\n"},
+    {INTDOMAIN,
+     {INTDOMAIN},
+     AddIntInterval,
+     "\n!!! Ajout d'une valeur intervalle d'entiers à un descripteur d'un autre type !!!\n",
+     "\n!!! Affectation dynamique d'une valeur intervalle d'entiers : doit être statique !!!\n"},
+    {INT_TAB,
+     {INT_TAB},
+     AddInt,
+     "\n!!! Ajout d'une valeur entière à un descripteur d'un autre type que INT_TAB !!!\n",
+     "\n!!! Ajout dynamique d'un élément valeur entière : doit être statique !!!\n"},
+    {FLOAT_TAB,
+     {FLOAT_TAB, DOUBLE_TAB},
+     AddReal,
+     "\n!!! Ajout d'une valeur réelle à un descripteur d'un autre type que FLOAT_TAB ou DOUBLE_TAB !!!\n",
+     "\n!!! Ajout dynamique d'un élément valeur flottante : doit être statique !!!\n"},
+};
+
+bool AssignValue(Pass& pass, Action* action) {
+  const auto& spec = *static_cast<ExternEntityDescAffectationSpec*>(action);
+  Trace("\taction : AFFECTATION VALEUR DANS FOR niveau %d\n", pass.loop->mLevel);
+  if (pass.current == nullptr) return NeedsCurrent();
+  const int classId = pass.current->ClassSymbol();
+  const char* name = spec.mDescriptorName.c_str();
+  const Assignment assignment{spec, pass.current, pass.iterator, GetDescriptorSymbol(classId, name),
+                              GetDescriptorType(classId, name)};
+  Trace("\t\tinstance : %s\n\t\tdescripteur : %s\n", pass.current->InstanceName(), name);
+  for (const ValueTypeRow& row : valueTypeRows) {
+    if (row.type != spec.mValueType) continue;
+    if (assignment.IsDynamic() && row.whenDynamic != nullptr) return Fails(row.whenDynamic);
+    return row.Takes(assignment.type) ? row.assign(assignment) : Fails(row.whenOtherType);
+  }
+  return true;
+}
+
+// The kinds
+
 bool RunNestedLoop(Pass& pass, Action* action) {
   Trace("\tFOR IMBRIQUE DANS FOR niveau %d\n", pass.loop->mLevel);
   static_cast<ExternEntityIterationSpec*>(action)->execActionList(pass.containers, pass.iterators);
@@ -161,6 +369,7 @@ constexpr KindRow kindRows[] = {
     {Action::END_ENTITY, EndEntity, Destroy<ExternEndEntityAdditionSpec>},
     {Action::ADD_COMPONENT, AddComponent, Destroy<ExternEntityAdditionSpec>},
     {Action::ADD_ELEMENT, AddElement, Destroy<ExternEntityAdditionSpec>},
+    {Action::ASSIGN_VALUE, AssignValue, Destroy<ExternEntityDescAffectationSpec>},
     {Action::ITERATION, RunNestedLoop, Destroy<ExternEntityIterationSpec>},
     {Action::PLUG_COMPONENT, DoNothing, Destroy<ExternEntityPlugSpec>},
     {Action::PLUG_ELEMENT, DoNothing, Destroy<ExternEntityPlugSpec>},

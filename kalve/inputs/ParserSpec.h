@@ -17,6 +17,10 @@
 /// clears it first and reads it afterwards: nothing is printed, and the run goes on. Longer texts are cut.
 inline constexpr int gErrorStringSize = 100;
 extern char gErrorString[gErrorStringSize];
+/// The text left there when the application makes no entity of the class.
+extern const char* const gUnknownEntityClass;
+/// The last text that was made of a text and an iterator, cut when it is longer.
+extern char gIterString[50];
 
 /// Any action.
 class ExternEntityIteratedActionSpec {
@@ -26,6 +30,7 @@ class ExternEntityIteratedActionSpec {
     END_ENTITY = 1,     ///< pops the stack of containers: ExternEndEntityAdditionSpec
     ADD_COMPONENT = 2,  ///< creates one, a component of the current entity: ExternEntityAdditionSpec
     ADD_ELEMENT = 3,    ///< creates one, an element of the current entity: ExternEntityAdditionSpec
+    ASSIGN_VALUE = 4,   ///< to a descriptor of the current entity: ExternEntityDescAffectationSpec
     ITERATION = 5,      ///< a nested loop: ExternEntityIterationSpec
     PLUG_COMPONENT = 6,
     PLUG_ELEMENT = 7,  ///< both do nothing: ExternEntityPlugSpec
@@ -60,6 +65,29 @@ class ExternEntityAdditionSpec : public ExternEntityIteratedActionSpec {
   std::string mInstanceName;
   /// The value of the iterator follows the instance name.
   bool mIsIteratedName = false;
+};
+
+/// A value for a descriptor of the current entity, found by its name.
+class ExternEntityDescAffectationSpec : public ExternEntityIteratedActionSpec {
+ public:
+  /// Both copy.
+  void SetDescriptorName(const char* name) { mDescriptorName = name; }
+  void SetStringValue(const char* text) { mStringValue = text; }
+
+  /// Not 0: INT and DOUBLE are the iterator of the loop in progress, STRING has it behind its text; no other
+  /// type can be dynamic.
+  int mIsDynamic = 0;
+  /// As it was written. The types that stand for one more value of a table or a domain are ENTITY_TAB,
+  /// INTDOMAIN, INT_TAB, and FLOAT_TAB, for both kinds of real tables.
+  int mValueType = VOID;
+  std::string mDescriptorName;
+  int mIntValue = 0;      ///< of an interval the low bound
+  int mIntHighValue = 0;  ///< of an interval
+  double mDoubleValue = 0.0;
+  std::string mStringValue;
+  /// Of P_ENTITY and ENTITY_TAB, which make a new entity at each pass. Not owned.
+  const char* mEntityClassName = "";
+  EntitySpec* mEntitySpec = nullptr;  ///< not owned
 };
 
 class ExternEntityPlugSpec : public ExternEntityIteratedActionSpec {};

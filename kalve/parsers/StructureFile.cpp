@@ -32,6 +32,13 @@ std::string Statement(Action::Kind kind, const std::string& className, const Ins
   return statement;
 }
 
+/// The class of the entity that the action makes.
+const char* ClassNameIn(const Action* action) {
+  if (action->mKind == Action::ASSIGN_VALUE)
+    return static_cast<const ExternEntityDescAffectationSpec*>(action)->mEntityClassName;
+  return static_cast<const ExternEntityAdditionSpec*>(action)->mClassName.c_str();
+}
+
 }  // namespace
 
 StructureFile::StructureFile(LexicalInputFile* file)
@@ -42,7 +49,10 @@ StructureFile::StructureFile(LexicalInputFile* file)
 void StructureFile::BeginEntity(const Position& where, Action::Kind kind, const std::string& className,
                                 const InstanceNaming& naming) {
   if (kind != Action::CREATE_ENTITY) CheckHasCurrent(where, WordOf(kind));
-  CheckIterator(naming);
+  if (!naming.iterator.empty()) {
+    CheckIterator(naming.where, naming.iterator);
+    CheckNoSign(naming);
+  }
   auto* addition = new ExternEntityAdditionSpec;
   addition->mKind = kind;
   addition->SetClassName(className.c_str());
@@ -85,10 +95,73 @@ void StructureFile::MarkSimulated(const Position& where) {
   mContainers.front()->SetSimulation(pCurrentSim);
 }
 
+// Values -----------------------------------------------------------------------------------------------
+
+void StructureFile::Assign(const Position& where, const std::string& descriptor, const GivenValue& value) {
+  CheckHasCurrent(where, Quoted(descriptor).c_str());
+  if (!value.iterator.empty()) CheckIterator(where, value.iterator);
+  auto* affectation = new ExternEntityDescAffectationSpec;
+  affectation->mKind = Action::ASSIGN_VALUE;
+  affectation->mIsDynamic = value.iterator.empty() ? 0 : 1;
+  affectation->mValueType = value.type;
+  affectation->SetDescriptorName(descriptor.c_str());
+  affectation->mIntValue = value.low;
+  affectation->mIntHighValue = value.high;
+  affectation->mDoubleValue = value.real;
+  affectation->SetStringValue(value.text.c_str());
+  affectation->mEntityClassName = Interned(value.text);
+  Take(affectation, {where, "descripteur " + Quoted(descriptor), {}});
+}
+
+void StructureFile::AddValue(const Position& where, const std::string& descriptor, GivenValue value) {
+  switch (value.type) {
+    case INT:
+      value.type = INT_TAB;
+      break;
+    case DOUBLE:
+      value.type = FLOAT_TAB;
+      break;
+    case P_ENTITY:
+      value.type = ENTITY_TAB;
+      break;
+    case STRING:
+      FaultInFile(where, "+= n'ajoute pas de texte (descripteur " + Quoted(descriptor) + ")");
+    default:
+      break;
+  }
+  Assign(where, descriptor, value);
+}
+
+namespace {
+
+std::string ParameterText(const std::string& className, const std::string& name) {
+  return "PARAM " + Quoted(className) + " " + Quoted(name);
+}
+
+}  // namespace
+
+GivenValue StructureFile::ParameterValue(const Position& where, const std::string& className,
+                                         const std::string& name) const {
+  const Parameter* parameter = nullptr;
+  {
+    const FailureContext context([&] { AnnounceFault(where, ParameterText(className, name)); });
+    parameter = GetParameter(className.c_str(), name.c_str());
+  }
+  switch (parameter->ValueType()) {
+    case INT:
+      return {.type = INT, .low = static_cast<const class IntParameter*>(parameter)->GetIntValue()};
+    case DOUBLE:
+      return {.type = DOUBLE, .real = static_cast<const RealParameter*>(parameter)->GetRealValue()};
+    case STRING:
+      return {.type = STRING, .text = static_cast<const StringParameter*>(parameter)->GetStringValue()};
+    default:
+      FaultInFile(where, ParameterText(className, name) + " : une date n'est pas une valeur de descripteur");
+  }
+}
+
 int StructureFile::IntParameter(const Position& where, const std::string& className,
                                 const std::string& name) const {
-  const FailureContext context(
-      [&] { AnnounceFault(where, Text("PARAM %s %s", Quoted(className).c_str(), Quoted(name).c_str())); });
+  const FailureContext context([&] { AnnounceFault(where, ParameterText(className, name)); });
   return GetIntParameterValue(className.c_str(), name.c_str());
 }
 
@@ -102,17 +175,19 @@ void StructureFile::CheckHasCurrent(const Position& where, const char* word) con
   if (mOpenEntities == 0) FaultInFile(where, Text("%s doit se trouver dans le bloc d'une entité", word));
 }
 
-/// Only the iterator of the innermost loop has a value that is known by name, and a name takes no sign.
-void StructureFile::CheckIterator(const InstanceNaming& naming) const {
-  const std::string& iterator = naming.iterator;
-  if (iterator.empty()) return;
-  if (mLoops.empty()) FaultInFile(naming.where, "itérateur " + Quoted(iterator) + " hors d'une boucle FOR");
+/// The records know the iterator of their own loop only.
+void StructureFile::CheckIterator(const Position& where, const std::string& iterator) const {
+  if (mLoops.empty()) FaultInFile(where, "itérateur " + Quoted(iterator) + " hors d'une boucle FOR");
   const Loop& loop = mLoops.back();
   if (iterator != loop.iterator)
-    FaultInFile(naming.where, Text("itérateur %s : seul %s, celui de la boucle la plus proche, est permis",
-                                   Quoted(iterator).c_str(), Quoted(loop.iterator).c_str()));
+    FaultInFile(where, Text("itérateur %s : seul %s, celui de la boucle la plus proche, est permis",
+                            Quoted(iterator).c_str(), Quoted(loop.iterator).c_str()));
+}
+
+void StructureFile::CheckNoSign(const InstanceNaming& naming) const {
+  const Loop& loop = mLoops.back();
   if (loop.actions->mFirst < 0 && loop.actions->mFirst <= loop.actions->mLast)
-    FaultInFile(naming.where, Text("itérateur négatif dans un nom : %s part de %d", iterator.c_str(),
+    FaultInFile(naming.where, Text("itérateur négatif dans un nom : %s part de %d", loop.iterator.c_str(),
                                    loop.actions->mFirst));
 }
 
@@ -168,15 +243,11 @@ void StructureFile::Run(ExternEntityIterationSpec& loop) {
 void StructureFile::EndInError(const ExternEntityIterationSpec& loop) {
   const Source& source = SourceOf(loop);
   const Action* action = loop.ActionInProgress();
-  const bool isAddition = action->mKind == Action::CREATE_ENTITY || action->mKind == Action::ADD_COMPONENT ||
-                          action->mKind == Action::ADD_ELEMENT;
-  if (!isAddition) {
-    const std::string text = gErrorString;
+  const std::string text = gErrorString;
+  if (text != gUnknownEntityClass)
     FaultInFile(source.where, Shown(source) + text.substr(0, text.find_last_not_of('\n') + 1));
-  }
   AnnounceFault(source.where, Shown(source) + " : classe d'entité inconnue");
-  UnknownClassName("pApp_NewEntityFromString",
-                   static_cast<const ExternEntityAdditionSpec*>(action)->mClassName.c_str());
+  UnknownClassName("pApp_NewEntityFromString", ClassNameIn(action));
 }
 
 const StructureFile::Source& StructureFile::SourceOf(const ExternEntityIterationSpec& loop) const {

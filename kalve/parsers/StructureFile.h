@@ -20,6 +20,16 @@ struct InstanceNaming {
   std::string iterator = {};
 };
 
+/// A value for a descriptor, as the file writes it.
+struct GivenValue {
+  ValueTypeId type = VOID;
+  int low = 0;  ///< an int too
+  int high = 0;
+  double real = 0.0;
+  std::string text = {};      ///< class of an entity too
+  std::string iterator = {};  ///< "" for a value that does not change
+};
+
 class StructureFile : public ParseState {
  public:
   using Action = ExternEntityIteratedActionSpec;
@@ -36,6 +46,13 @@ class StructureFile : public ParseState {
   void MarkSimulated(const Position& where);
   void EndEntity(const Position& where);
 
+  // Values of the current entity.
+  void Assign(const Position& where, const std::string& descriptor, const GivenValue& value);
+  /// One more value of a table or a domain; `value` is of the type that a single value would have.
+  void AddValue(const Position& where, const std::string& descriptor, GivenValue value);
+  /// InexistantParameter; a date is a fault.
+  GivenValue ParameterValue(const Position& where, const std::string& className,
+                            const std::string& name) const;
   /// InexistantTypedParameter.
   int IntParameter(const Position& where, const std::string& className, const std::string& name) const;
 
@@ -59,7 +76,8 @@ class StructureFile : public ParseState {
 
   void CheckNotInLoop(const Position& where, const char* word) const;
   void CheckHasCurrent(const Position& where, const char* word) const;
-  void CheckIterator(const InstanceNaming& naming) const;
+  void CheckIterator(const Position& where, const std::string& iterator) const;
+  void CheckNoSign(const InstanceNaming& naming) const;
   void Take(Action* action, const Source& source);
   void Run(ExternEntityIterationSpec& loop);
   [[noreturn]] void EndInError(const ExternEntityIterationSpec& loop);

@@ -158,7 +158,7 @@ TEST_F(ParserSpecTest, StopsAtAFailureOnAllLevels) {
     const char* text;
   };
   const char* const noCurrent = "\n!!! Action sans entité courante !!!\n";
-  const char* const unknown = "\n!!! Création d'une entité d'une classe inconnue de l'application !!!\n";
+  const char* const unknown = gUnknownEntityClass;
   const Case cases[] = {{New(Action::ADD_COMPONENT, "Cow", ""), false, noCurrent},
                         {New(Action::ADD_ELEMENT, "Cow", ""), false, noCurrent},
                         {New(Action::CREATE_ENTITY, "Goat", ""), false, unknown},

@@ -67,15 +67,10 @@ void Display(Descriptor& descriptor) {
     std::printf("\n%s%s%s%s", depthIndent, stepIndent, OrEmpty(descriptor.ClassName()), value.c_str());
 }
 
-template <class Layer>
-void DisplayLowerLayer(const Layer& entity) {
-  if constexpr (requires { entity.DisplayAttributes(); }) entity.DisplayAttributes();
-}
-
 }  // namespace
 
 void DescriptedEntity::DisplayAttributes() const {
-  DisplayLowerLayer<BasicEntity>(*this);
+  BasicEntity::DisplayAttributes();
   for (ConstantDescriptor* descriptor : mConstantDescriptorTab) Display(*descriptor);
   for (VariableDescriptor* descriptor : mVariableDescriptorTab) Display(*descriptor);
 }

@@ -60,7 +60,7 @@ std::string Shown(ValueClass& descriptor) {
     return ShownValue(descriptor.GetValue());
 }
 
-void Display(Descriptor& descriptor) {
+void DisplayRow(Descriptor& descriptor) {
   std::string value;
   VisitDescriptor(descriptor, [&value](auto& valued) { value = Shown(valued); });
   if (!value.empty())
@@ -71,6 +71,6 @@ void Display(Descriptor& descriptor) {
 
 void DescriptedEntity::DisplayAttributes() const {
   BasicEntity::DisplayAttributes();
-  for (ConstantDescriptor* descriptor : mConstantDescriptorTab) Display(*descriptor);
-  for (VariableDescriptor* descriptor : mVariableDescriptorTab) Display(*descriptor);
+  for (ConstantDescriptor* descriptor : mConstantDescriptorTab) DisplayRow(*descriptor);
+  for (VariableDescriptor* descriptor : mVariableDescriptorTab) DisplayRow(*descriptor);
 }

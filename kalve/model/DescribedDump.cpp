@@ -67,11 +67,6 @@ void DisplayValueOf(Descriptor& descriptor) {
     std::printf("\n%s%s%s%s", depthIndent, stepIndent, OrEmpty(descriptor.ClassName()), value.c_str());
 }
 
-template <class Layer>
-void DisplayLowerLayer(const Layer& entity) {
-  if constexpr (requires { entity.DisplayAttributes(); }) entity.DisplayAttributes();
-}
-
 }  // namespace
 
 void DescriptedEntity::DisplayAttributes() const {

@@ -236,7 +236,7 @@ TEST_F(WalksTest, DisplayInDepthMovesInAtEachLevel) {
 }
 
 TEST_F(WalksTest, DisplayAttributesShowsOneLevel) {
-  EXPECT_EQ(OutputOf([&] { farm->DisplayAttributes(); }),
+  EXPECT_EQ(OutputOf([&] { farm->BasicEntity::DisplayAttributes(); }),
             Text("\n---------------------\nEntité : %x, nom : Farm_7"
                  "\n    \tclasse : Farm\n    \tclasses parentes : (entity)"
                  "\n    classes des composants : (Bull, "
@@ -246,7 +246,7 @@ TEST_F(WalksTest, DisplayAttributesShowsOneLevel) {
                  "\nDE avant HasElements ?\n---------------------",
                  Address32(farm), Address32(stud), Address32(farms)));
   GetMetaClass(BULL)->AddParentClassId(FARM);
-  EXPECT_EQ(OutputOf([&] { stud->DisplayAttributes(); }),
+  EXPECT_EQ(OutputOf([&] { stud->BasicEntity::DisplayAttributes(); }),
             Text("\n---------------------\nEntité : %x, nom : Bull_8"
                  "\n    \tclasse : Bull\n    \tclasses parentes : (Animal, Farm)"
                  "\n    classe de la super-entité : Farm\n    super-entité : %x"

@@ -60,7 +60,7 @@ std::string Shown(ValueClass& descriptor) {
     return ShownValue(descriptor.GetValue());
 }
 
-void Display(Descriptor& descriptor) {
+void DisplayLine(Descriptor& descriptor) {
   std::string value;
   VisitDescriptor(descriptor, [&value](auto& valued) { value = Shown(valued); });
   if (!value.empty())
@@ -76,6 +76,6 @@ void DisplayLowerLayer(const Layer& entity) {
 
 void DescriptedEntity::DisplayAttributes() const {
   DisplayLowerLayer<BasicEntity>(*this);
-  for (ConstantDescriptor* descriptor : mConstantDescriptorTab) Display(*descriptor);
-  for (VariableDescriptor* descriptor : mVariableDescriptorTab) Display(*descriptor);
+  for (ConstantDescriptor* descriptor : mConstantDescriptorTab) DisplayLine(*descriptor);
+  for (VariableDescriptor* descriptor : mVariableDescriptorTab) DisplayLine(*descriptor);
 }

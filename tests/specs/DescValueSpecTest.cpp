@@ -101,7 +101,7 @@ TEST_F(EntityValueSpec, FailuresOfDomains) {
       "\n!!! Ajout d'une entité (Cow_1) à un domaine constitué de classes.\n    descripteur : CURRENT_ELEMENT_INDEX\n");
   EXPECT_NE(FailureOf([] { DescEntityValueSpec(12, IN).AddSubDomain("Cow_7"); }).find("addSubDomain"),
             std::string::npos);
-  EXPECT_NE(FailureOf([&] { DescEntityValueSpec(12, IN, 99).IsOutOfDomain(cow); }).find("UnknownEntityClass"),
+  EXPECT_NE(FailureOf([&] { DescEntityValueSpec(20, IN, 99).IsOutOfDomain(cow); }).find("UnknownEntityClass"),
             std::string::npos);
 }
 
@@ -393,12 +393,12 @@ TEST(ValueSpecFailure, OfConstructorsAndSubDomains) {
   };
   const auto other = static_cast<RelationalOperator>(2);
   const Case cases[] = {
-      {[&] { DescStringValueSpec spec(12, other, "a"); },
+      {[&] { DescStringValueSpec spec(20, other, "a"); },
        "\n!!!============== BadRelationalOperator =============="
        "\n!!! L'opérateur relationnel (2) de la spécification de valeur n'est pas géré par le système."
        "\n    Les opérateurs valides sont : IN NOT_IN.\n    descripteur : CURRENT_ELEMENT_INDEX\n"},
       {[] {
-         DescEntityValueSpec spec(12, IN, 8);
+         DescEntityValueSpec spec(20, IN, 8);
          spec.AddSubDomain(static_cast<BasicEntity*>(nullptr));
        },
        "\n!!!============== UnAuthorizedEntitySubDomain =============="
@@ -412,8 +412,8 @@ TEST(ValueSpecFailure, OfConstructorsAndSubDomains) {
        "\n!!! intervalle : [2, 1]\n"},
   };
   for (const Case& c : cases) EXPECT_EQ(FailureOf(c.body), c.text);
-  EXPECT_NE(FailureOf([&] { DescEntityValueSpec spec(12, other, 8); }), "");
-  EXPECT_NE(FailureOf([&] { DescEntityValueSpec spec(12, other, static_cast<BasicEntity*>(nullptr)); }), "");
+  EXPECT_NE(FailureOf([&] { DescEntityValueSpec spec(20, other, 8); }), "");
+  EXPECT_NE(FailureOf([&] { DescEntityValueSpec spec(20, other, static_cast<BasicEntity*>(nullptr)); }), "");
 }
 
 TEST(ValueSpecFailure, DrawingFromNothingIsAnIndexFailure) {

@@ -60,7 +60,7 @@ std::string Shown(ValueClass& descriptor) {
     return ShownValue(descriptor.GetValue());
 }
 
-void DisplayValueOf(Descriptor& descriptor) {
+void DisplayRow(Descriptor& descriptor) {
   std::string value;
   VisitDescriptor(descriptor, [&value](auto& valued) { value = Shown(valued); });
   if (!value.empty())
@@ -70,7 +70,7 @@ void DisplayValueOf(Descriptor& descriptor) {
 }  // namespace
 
 void DescriptedEntity::DisplayAttributes() const {
-  DisplayLowerLayer<BasicEntity>(*this);
-  for (ConstantDescriptor* descriptor : mConstantDescriptorTab) DisplayValueOf(*descriptor);
-  for (VariableDescriptor* descriptor : mVariableDescriptorTab) DisplayValueOf(*descriptor);
+  BasicEntity::DisplayAttributes();
+  for (ConstantDescriptor* descriptor : mConstantDescriptorTab) DisplayRow(*descriptor);
+  for (VariableDescriptor* descriptor : mVariableDescriptorTab) DisplayRow(*descriptor);
 }

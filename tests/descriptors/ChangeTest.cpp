@@ -196,7 +196,8 @@ TEST_F(Change, RecordingSwitchesBetweenZeroAndOneOnly) {
 
 // The other scalars go the same way, each with its own ids, domain and point.
 template <class Descriptor, class Monitor, class Value>
-void ExpectSameWay(Simulation& simulation, Monitor& watch, Value inside, Value outside, Value shown, const char* failure, const std::string& points) {
+void ExpectSameWay(Simulation& simulation, Monitor& watch, Value inside, Value outside, Value shown,
+                   const char* failure, const std::string& points) {
   Descriptor descriptor(20, "attribute");
   DescTimeSeries series(nullptr);
   descriptor.SetDescTimeSeries(&series);

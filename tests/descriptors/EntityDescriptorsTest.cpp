@@ -310,8 +310,7 @@ TEST_F(EntityDescriptors, TableOfSpecificationsIsOwnedAndReplacedOnesGoBack) {
   answer = &second;
   DescValueSpecTabDescValueMonitor watch("watch");
   watch.AssignWhenAddDescValueSpecMethod([](MonitorMethod*) { return answer; });
-  watch.AssignWhenRemoveDescValueSpecMethod(
-      [](MonitorMethod* m) { return m->GetDescValueSpecArgValue(37); });
+  watch.AssignWhenRemoveDescValueSpecMethod([](MonitorMethod* m) { return m->GetDescValueSpecArgValue(37); });
   watch.AssignWhenSetDescValueSpecTabMethod(
       [](MonitorMethod* m) { return m->GetDescValueSpecTabArgValue(27); });
   watch.AttachToDescriptor(&copy);

@@ -7,6 +7,7 @@
 #include "kalve/foundations/Records.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/inputs/ParserFunction.h"
+#include "kalve/methods/Method.h"
 #include "kalve/model/ApplicationHooks.h"
 #include "kalve/specs/EntitySpec.h"
 #include "tests/model/ModelTest.h"
@@ -268,7 +269,7 @@ TEST_F(ParserSpecTest, AssignsEachTypeOfValue) {
       bull->GetIntDomainValue(bull->GetDescriptor("aDomain")->ClassSymbol());
   ASSERT_EQ(domain->size(), 1);
   EXPECT_EQ(domain->front()->low, 12);
-  EXPECT_EQ(domain->front()->up, 15);
+  EXPECT_EQ(domain->front()->high, 15);
   delete domain->front();  // an application's, as the domain owns its table only
 }
 
@@ -282,6 +283,37 @@ TEST_F(ParserSpecTest, AssignsASpecification) {
   loop.addAction(affectation);
   Run(loop);
   EXPECT_EQ(static_cast<EntitySpecConstantDescriptor*>(bull->GetDescriptor("aSpec"))->GetValue(), &spec);
+}
+
+TEST_F(ParserSpecTest, AssignsPredicatesOnly) {
+  Entity* const cow = NewCow();
+  cow->SetInstanceName("cow");
+  cow->AddMethod(new EntityPredicate(70, "isReady"));
+  containers.push_front(cow);
+  const auto newBody = [](int type, PredicateBody body) {
+    auto* affectation = new ExternBodyAffectationSpec;
+    affectation->mKind = Action::ASSIGN_BODY;
+    affectation->mBodyType = type;
+    affectation->SetMethodName("isReady");
+    affectation->mBody = body;
+    return affectation;
+  };
+  Loop loop(2, 0, 1, 1);
+  Fill(loop, {newBody(BOOLEAN, GetPredicateBody("TRUE")), newBody(INT, GetPredicateBody("FALSE"))});
+  g_KV_TraceParsingS = 1;
+  EXPECT_NE(
+      OutputOf([&] {
+        Run(loop);
+      }).find("\taction : AFFECTATION CORPS DANS FOR niveau 2\n\t\tinstance : cow\n\t\tméthode : isReady\n"),
+      std::string::npos);
+  g_KV_TraceParsingS = 0;
+  Run(loop);
+  EXPECT_STREQ(gErrorString, "");
+  EXPECT_TRUE(cow->ExecPredicate(70));
+  EXPECT_EQ(GetPredicateBody("isReady"), nullptr);
+  RegisterPredicateBody("isReady", [](EntityMethod*) { return false; });
+  cow->AssignBody(70, GetPredicateBody("isReady"));
+  EXPECT_FALSE(cow->ExecPredicate(70));
 }
 
 TEST_F(ParserSpecTest, CutsAnIteratedTextAndClosesOnTheNearestInt) {

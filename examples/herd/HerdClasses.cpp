@@ -2,7 +2,8 @@
 
 #include <cstring>
 
-// A constructor says what the entity may hold and where it may stand, and joins its class at the end.
+// A constructor says what the entity may hold, where it may stand and what describes it, and joins its class
+// at the end.
 
 Farm::Farm() {
   ElementClassId(FARM_UNIT);
@@ -23,6 +24,7 @@ Herd::Herd() {
 }
 
 Paddock::Paddock() {
+  AddConstantDescriptor(new DoubleConstantDescriptor(AREA, "area"));
   SetMetaClass(PADDOCK);
   AddInstanceToClass();
 }
@@ -30,11 +32,14 @@ Paddock::Paddock() {
 Cow::Cow() {
   SuperSetClassId(HERD);
   AddComponentClassId(UDDER);
+  AddVariableDescriptor(new IntVariableDescriptor(CALVINGS, "calvings"));
+  AddVariableDescriptor(new DoubleVariableDescriptor(WEIGHT, "weight"));
   SetMetaClass(COW);
   AddInstanceToClass();
 }
 
 Udder::Udder() {
+  AddConstantDescriptor(new DoubleConstantDescriptor(CAPACITY, "capacity"));
   SetMetaClass(UDDER);
   AddInstanceToClass();
 }

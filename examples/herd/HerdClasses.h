@@ -7,6 +7,14 @@
 /// Class symbols, behind those of the kernel.
 enum HerdClass : int { FARM = KV_PROCESS + 1, FARM_UNIT, HERD, PADDOCK, COW, UDDER };
 
+/// Symbols of the descriptors, likewise; the structure file gives them by name.
+enum HerdDescriptor : int {
+  AREA = 14,  ///< of a paddock, in hectares
+  CALVINGS,   ///< of a cow, so far
+  WEIGHT,     ///< of a cow, in kilograms
+  CAPACITY,   ///< of an udder, in litres
+};
+
 class Farm : public Entity {
  public:
   Farm();

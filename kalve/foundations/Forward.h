@@ -171,6 +171,7 @@ class DateParameter;
 class ExternEntityIteratedActionSpec;
 class ExternEntityAdditionSpec;
 class ExternEntityDescAffectationSpec;
+class ExternBodyAffectationSpec;
 class ExternEntityPlugSpec;
 class ExternEndEntityAdditionSpec;
 class ExternEntityIterationSpec;

@@ -5,11 +5,12 @@
 #include <climits>
 #include <cstdarg>
 #include <cstdio>
-#include <cstring>
+#include <map>
 
 #include "kalve/foundations/Records.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/inputs/ParserFunction.h"
+#include "kalve/methods/CoreMethod.h"
 #include "kalve/model/ApplicationHooks.h"
 #include "kalve/model/CoreFunction.h"
 #include "kalve/model/Entity.h"
@@ -342,7 +343,17 @@ bool AssignValue(Pass& pass, Action* action) {
   return true;
 }
 
-// The kinds
+// Bodies, loops, plugs
+
+bool AssignBody(Pass& pass, Action* action) {
+  const auto& spec = *static_cast<ExternBodyAffectationSpec*>(action);
+  Trace("\taction : AFFECTATION CORPS DANS FOR niveau %d\n", pass.loop->mLevel);
+  if (pass.current == nullptr) return NeedsCurrent();
+  const int id = GetMethodSymbol(pass.current->ClassSymbol(), spec.mMethodName.c_str());
+  Trace("\t\tinstance : %s\n\t\tméthode : %s\n", pass.current->InstanceName(), spec.mMethodName.c_str());
+  if (spec.mBodyType == BOOLEAN) pass.current->AssignBody(id, spec.mBody);
+  return true;
+}
 
 bool RunNestedLoop(Pass& pass, Action* action) {
   Trace("\tFOR IMBRIQUE DANS FOR niveau %d\n", pass.loop->mLevel);
@@ -373,6 +384,7 @@ constexpr KindRow kindRows[] = {
     {Action::ITERATION, RunNestedLoop, Destroy<ExternEntityIterationSpec>},
     {Action::PLUG_COMPONENT, DoNothing, Destroy<ExternEntityPlugSpec>},
     {Action::PLUG_ELEMENT, DoNothing, Destroy<ExternEntityPlugSpec>},
+    {Action::ASSIGN_BODY, AssignBody, Destroy<ExternBodyAffectationSpec>},
 };
 
 /// Null for a kind that does not exist.
@@ -383,6 +395,24 @@ const KindRow* RowOf(const Action* action) {
 }
 
 }  // namespace
+
+// Named bodies -----------------------------------------------------------------------------------------
+
+namespace {
+
+std::map<std::string, PredicateBody>& PredicateBodies() {
+  static std::map<std::string, PredicateBody> bodies{{"TRUE", gAlwaysTrue}, {"FALSE", gAlwaysFalse}};
+  return bodies;
+}
+
+}  // namespace
+
+void RegisterPredicateBody(const char* name, PredicateBody body) { PredicateBodies()[name] = body; }
+
+PredicateBody GetPredicateBody(const char* name) {
+  const auto found = PredicateBodies().find(name);
+  return found != PredicateBodies().end() ? found->second : nullptr;
+}
 
 // Loops ------------------------------------------------------------------------------------------------
 

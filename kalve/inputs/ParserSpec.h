@@ -34,6 +34,7 @@ class ExternEntityIteratedActionSpec {
     ITERATION = 5,      ///< a nested loop: ExternEntityIterationSpec
     PLUG_COMPONENT = 6,
     PLUG_ELEMENT = 7,  ///< both do nothing: ExternEntityPlugSpec
+    ASSIGN_BODY = 8,   ///< to a method of the current entity: ExternBodyAffectationSpec
   };
 
   ExternEntityIteratedActionSpec();
@@ -89,6 +90,26 @@ class ExternEntityDescAffectationSpec : public ExternEntityIteratedActionSpec {
   const char* mEntityClassName = "";
   EntitySpec* mEntitySpec = nullptr;  ///< not owned
 };
+
+using PredicateBody = bool (*)(EntityMethod* method);
+
+/// A body for a method of the current entity, found by its name.
+class ExternBodyAffectationSpec : public ExternEntityIteratedActionSpec {
+ public:
+  /// Copies.
+  void SetMethodName(const char* name) { mMethodName = name; }
+
+  /// Another type than BOOLEAN does nothing.
+  int mBodyType = VOID;
+  std::string mMethodName;
+  PredicateBody mBody = nullptr;
+};
+
+/// Lets a structure file give the body to methods of entities, by this name. The last registration of a name
+/// holds; the kernel knows TRUE and FALSE, which always answer so.
+void RegisterPredicateBody(const char* name, PredicateBody body);
+/// Null for an unknown name.
+PredicateBody GetPredicateBody(const char* name);
 
 class ExternEntityPlugSpec : public ExternEntityIteratedActionSpec {};
 

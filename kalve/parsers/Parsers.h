@@ -9,6 +9,7 @@
 /// one).
 void Simu_Parser(LexicalInputFile* file);
 void Param_Parser(LexicalInputFile* file);
+/// Entities with their links, values and bodies (SimulationNotYetCreated without pCurrentSim).
 void Structure_Parser(LexicalInputFile* file);
 void OutputSpec_Parser(LexicalInputFile* file);
 /// Directives: events for the agenda of pCurrentSim (SimulationNotYetCreated without one).

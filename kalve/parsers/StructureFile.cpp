@@ -132,6 +132,19 @@ void StructureFile::AddValue(const Position& where, const std::string& descripto
   Assign(where, descriptor, value);
 }
 
+void StructureFile::AssignBody(const Position& where, const std::string& method, const std::string& body) {
+  CheckHasCurrent(where, "BODY");
+  const PredicateBody predicate = GetPredicateBody(body.c_str());
+  if (predicate == nullptr)
+    FaultInFile(where, "BODY " + Quoted(method) + " : prédicat inconnu " + Quoted(body));
+  auto* affectation = new ExternBodyAffectationSpec;
+  affectation->mKind = Action::ASSIGN_BODY;
+  affectation->mBodyType = BOOLEAN;
+  affectation->SetMethodName(method.c_str());
+  affectation->mBody = predicate;
+  Take(affectation, {where, "BODY " + Quoted(method), {}});
+}
+
 namespace {
 
 std::string ParameterText(const std::string& className, const std::string& name) {

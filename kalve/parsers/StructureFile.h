@@ -50,6 +50,8 @@ class StructureFile : public ParseState {
   void Assign(const Position& where, const std::string& descriptor, const GivenValue& value);
   /// One more value of a table or a domain; `value` is of the type that a single value would have.
   void AddValue(const Position& where, const std::string& descriptor, GivenValue value);
+  /// `body` names a predicate that the application has registered, TRUE or FALSE.
+  void AssignBody(const Position& where, const std::string& method, const std::string& body);
   /// InexistantParameter; a date is a fault.
   GivenValue ParameterValue(const Position& where, const std::string& className,
                             const std::string& name) const;

@@ -1,0 +1,302 @@
+// The structure file: entities, loops, values, and what is wrong in them.
+#include <fstream>
+#include <sstream>
+
+#include "examples/herd/HerdClasses.h"
+#include "tests/parsers/ParserTest.h"
+#include "tests/parsers/RandomInput.h"
+#include "tests/support/AllValues.h"
+
+namespace {
+
+constexpr int BULL = UDDER + 1;
+constexpr int READY = 70;
+
+/// Stands by itself, with a descriptor of each type and a predicate.
+class Bull : public Entity {
+ public:
+  Bull() {
+    AddAllValues(*this);
+    AddMethod(new EntityPredicate(READY, "isReady"));
+    SetMetaClass(BULL);
+    AddInstanceToClass();
+  }
+};
+
+std::string Contents(const std::string& file) {
+  std::ostringstream bytes;
+  bytes << std::ifstream(file, std::ios::binary).rdbuf();
+  return bytes.str();
+}
+
+class StructureFileTest : public RandomInput {
+ protected:
+  StructureFileTest() {
+    BasicEntity::mInstanceNumber = 0;
+    InstallHerdClasses();
+    CreateMetaClass(BULL, "Bull")->SetParentClassId(KV_ENTITY);
+    SetHierarchy();
+    Assign_App_NewEntityFromStringFunction([](const char* className) -> Entity* {
+      return std::string(className) == "Bull" ? new Bull : NewHerdEntity(className);
+    });
+  }
+  ~StructureFileTest() override {
+    for (int id = gMetaClassTab.size(); id-- > KV_PROCESS;)
+      while (GetNumberOfEntities(id) > 0) DeleteEntity(GetMetaClass(id)->GetInstance(0));
+    DeleteParameters();
+    for (MetaClass* metaClass : gMetaClassTab) delete metaClass;
+    gMetaClassTab.erase();
+    gMetaClassIdTab.erase();
+    Assign_App_NewEntityFromStringFunction(nullptr);
+  }
+
+  static void SetParameter(ValueTypeId type, const char* name, UnifiedValue value) {
+    CreateParameter(type, "Herd", name, value);
+  }
+  /// "name(part part) ", the parts likewise.
+  static std::string Tree(const BasicEntity* entity) {
+    std::string parts;
+    for (const BasicEntity* part :
+         entity->HasComponents() ? entity->GetComponentTab() : entity->GetElementTab())
+      parts += part != nullptr ? Tree(part) : "- ";
+    if (!parts.empty()) parts = "(" + parts.substr(0, parts.size() - 1) + ")";
+    return entity->InstanceName() + parts + " ";
+  }
+  static std::string TreeOf(const char* name) { return Tree(GetNamedEntity(name)); }
+  /// What a failing reading leaves behind goes with its process.
+  std::string Output(const std::string& bytes) {
+    folder.Write("f", bytes);
+    return RunInChild([&] {
+             leaksDoNotMatter = 1;
+             ParseStructureFile(path.c_str());
+           })
+        .output;
+  }
+};
+
+TEST_F(StructureFileTest, BuildsWhatItReads) {
+  Read(ParseStructureFile,
+       "ENTITY Paddock far;\n"
+       "SIMULATED ENTITY \"Farm\" farm {\n"
+       "  ELEMENT Paddock;\n"
+       "  ELEMENT Herd \"the herd\" {\n"
+       "    ELEMENT Cow hortense { COMPONENT Udder udder; }\n"
+       "    ELEMENT Cow \"ENTITY\";\n"
+       "  }\n"
+       "  ELEMENT REF far { area = 7; }\n"
+       "  ENTITY Udder spare { }\n"
+       "}\n"
+       "ENTITY Cow violette;\n"
+       "REF \"the herd\" { ELEMENT REF violette { COMPONENT REF spare; } }\n");
+  EXPECT_EQ(Tree(pCurrentSim->SimulatedBasicEntity()),
+            "farm(Paddock_3 the herd(hortense(udder) ENTITY(-) violette(spare)) far) ");
+  EXPECT_EQ(pCurrentSim->SimulatedBasicEntity()->GetSimulation(), pCurrentSim);
+  EXPECT_EQ(ValueText(*GetNamedEntity("far"), "area"), "7");
+  Read(ParseStructureFile, "SIMULATED REF \"the herd\";");
+  EXPECT_STREQ(pCurrentSim->SimulatedBasicEntity()->InstanceName(), "the herd");
+}
+
+TEST_F(StructureFileTest, RepeatsWhatStandsInLoops) {
+  SetParameter(INT, "size", {.intValue = 2});
+  Read(
+      ParseStructureFile,
+      "FOR h = 9 TO 10 {\n"
+      "  ENTITY Herd herd[h] {\n"
+      "    FOR c = 0 TO PARAM Herd size { ELEMENT Cow; FOR none = 1 TO -1 { ELEMENT Cow none[none]; } }\n"
+      "    ELEMENT Cow \"old \"[h] { FOR u = -1 TO -1 { COMPONENT Udder; } }\n"
+      "  }\n"
+      "}\n"
+      "ENTITY Herd herd { FOR c = 1 TO 2 { ELEMENT Cow cow[c]; } FOR d = 3 TO 3 { ELEMENT Cow cow[d]; } }\n");
+  EXPECT_EQ(TreeOf("herd9"), "herd9(Cow_2(-) Cow_3(-) Cow_4(-) old 9(Udder_6)) ");
+  EXPECT_EQ(TreeOf("herd10"), "herd10(Cow_8(-) Cow_9(-) Cow_10(-) old 10(Udder_12)) ");
+  EXPECT_EQ(TreeOf("herd"), "herd(cow1(-) cow2(-) cow3(-)) ");
+}
+
+TEST_F(StructureFileTest, GivesValuesAndBodies) {
+  char breed[] = "Salers";
+  SetParameter(STRING, "breed", {.stringValue = breed});
+  SetParameter(DOUBLE, "intake", {.doubleValue = 16.5});
+  SetParameter(INT, "size", {.intValue = 42});
+  Read(
+      ParseStructureFile,
+      "FOR b = 4 TO 4 {\n"
+      "  ENTITY Bull bull {\n"
+      "    anInt = b; aFloat = -3; aDouble = 2.5e1; aText = \"Bob \\\"\" b; anEntity = NEW Cow;\n"
+      "    someEntities += NEW Udder; someEntities += NEW \"Cow\"; aDomain += [1, PARAM Herd size];\n"
+      "    someInts += 5; someInts += PARAM Herd size; someFloats += 0.5; someDoubles += PARAM Herd intake;\n"
+      "    BODY isReady = TRUE;\n"
+      "  }\n"
+      "}\n"
+      "ENTITY Bull other { aText = PARAM Herd breed; aFloat = PARAM Herd intake; \"anInt\" = PARAM Herd size;\n"
+      "                    BODY isReady = FALSE; }\n");
+  Entity* const bull = GetNamedEntity("bull");
+  const std::string expected[][2] = {{"anInt", "4"},
+                                     {"aFloat", "-3"},
+                                     {"aDouble", "25"},
+                                     {"aText", "Bob \"4"},
+                                     {"anEntity", "Cow_2"},
+                                     {"someEntities", "Udder_3 Cow_4 "},
+                                     {"someInts", "         5         42 "},
+                                     {"someFloats", "   0.50000 "},
+                                     {"someDoubles", "  16.50000 "}};
+  for (const auto& e : expected) EXPECT_EQ(ValueText(*bull, e[0].c_str()), e[1]) << e[0];
+  IntInterval* const interval =
+      bull->GetIntDomainValue(bull->GetDescriptor("aDomain")->ClassSymbol())->front();
+  EXPECT_EQ(interval->low, 1);
+  EXPECT_EQ(interval->high, 42);
+  delete interval;
+  EXPECT_TRUE(bull->ExecPredicate(READY));
+  Entity* const other = GetNamedEntity("other");
+  EXPECT_EQ(ValueText(*other, "aText") + ValueText(*other, "aFloat") + ValueText(*other, "anInt"),
+            "Salers16.542");
+  EXPECT_FALSE(other->ExecPredicate(READY));
+}
+
+TEST_F(StructureFileTest, SaysWhatIsWrong) {
+  SetParameter(VOID, "turnout", {.entityValue = nullptr});
+  char breed[] = "Salers";
+  SetParameter(STRING, "breed", {.stringValue = breed});
+  const std::string statement = "BODY, COMPONENT, ELEMENT, ENTITY, FOR, REF, SIMULATED ou '}'";
+  const FaultCase cases[] = {
+      {"\nENTITY;", 2, "lu : ';' ; attendu : un nom ou un texte entre guillemets"},
+      {"ENTITY Farm farm", 1, "lu : la fin du fichier ; attendu : ';', '{' ou '['"},
+      {"ENTITY Farm farm {", 1, "lu : la fin du fichier ; attendu : '}' (accolade ouverte à la ligne 1)"},
+      {"ENTITY Farm farm[3];", 1, "lu : '3' ; attendu : un nom"},
+      {"ENTITY Bull { anInt += ;", 1, "lu : ';' ; attendu : un entier, un réel, NEW, PARAM ou '['"},
+      {"ENTITY Bull { anInt = [1, 2]; }", 1,
+       "lu : '[' ; attendu : un nom, un texte entre guillemets, un entier, un réel, NEW ou PARAM"},
+      {"ENTITY Bull { aText += \"Bob\"; }", 1,
+       "lu : 'Bob' ; attendu : un entier, un réel, NEW, PARAM ou '['"},
+      {"FOR c = 1.5 TO 3 { }", 1, "lu : '1.5' ; attendu : un entier ou PARAM"},
+      {"ENTITY Farm { SIMULATED ELEMENT Herd; }", 1, "lu : 'ELEMENT' ; attendu : ENTITY ou REF"},
+      {"\nELEMENT Cow;", 2, "ELEMENT doit se trouver dans le bloc d'une entité"},
+      {"FOR i = 1 TO 0 { COMPONENT Udder; }", 1, "COMPONENT doit se trouver dans le bloc d'une entité"},
+      {"ENTITY Farm;\nELEMENT REF Farm_1;", 2, "ELEMENT doit se trouver dans le bloc d'une entité"},
+      {"ENTITY Bull { }\nanInt = 3;", 2, "'anInt' doit se trouver dans le bloc d'une entité"},
+      {"BODY m = TRUE;", 1, "BODY doit se trouver dans le bloc d'une entité"},
+      {"ENTITY Bull {\nBODY m = tired; }", 2, "BODY 'm' : prédicat inconnu 'tired'"},
+      {"FOR i = 1 TO 2 {\nREF x; }", 2, "REF ne peut pas se trouver dans une boucle FOR"},
+      {"FOR i = 1 TO 2 { SIMULATED ENTITY Farm; }", 1,
+       "SIMULATED ne peut pas se trouver dans une boucle FOR"},
+      {"SIMULATED ENTITY Farm;\nSIMULATED ENTITY Farm;", 2,
+       "une autre entité est déjà l'entité simulée (SIMULATED)"},
+      {"ENTITY Cow cow[i];", 1, "itérateur 'i' hors d'une boucle FOR"},
+      {"ENTITY Bull { aText = Bob; }", 1, "itérateur 'Bob' hors d'une boucle FOR"},
+      {"FOR i = 1 TO 2 {\nFOR j = 1 TO 2 { ENTITY Cow\ncow[i]; } }", 3,
+       "itérateur 'i' : seul 'j', celui de la boucle la plus proche, est permis"},
+      {"FOR i = 1 TO 2 { ENTITY Bull { aText = \"b\" k; } }", 1,
+       "itérateur 'k' : seul 'i', celui de la boucle la plus proche, est permis"},
+      {"FOR i = -3 TO 2 {\nENTITY Cow cow[i]; }", 2, "itérateur négatif dans un nom : i part de -3"},
+      {"ENTITY Bull { anInt = PARAM Herd turnout; }", 1,
+       "PARAM 'Herd' 'turnout' : une date n'est pas une valeur de descripteur"},
+      {"ENTITY Bull {\nsomeInts += PARAM Herd breed; }", 2,
+       "+= n'ajoute pas de texte (descripteur 'someInts')"},
+      {"ENTITY Bull {\naText = 12; }", 2,
+       "descripteur 'aText'\n!!! Affectation d'une valeur entière à un descripteur non numérique"
+       "\n    ou qui n'existe pas !!!"},
+      {"ENTITY Bull {\nFOR i = 5 TO 6 {\n  FOR j = 2 TO 9 { }\n  anEntity = \"Bob\"; } }", 4,
+       "descripteur 'anEntity' (boucle FOR de la ligne 2, i = 5)"
+       "\n!!! Affectation d'une chaîne à un descripteur non String !!!"},
+  };
+  for (const FaultCase& c : cases) EXPECT_EQ(Output(c.bytes), Fault(c.line, c.what)) << c.bytes;
+  const std::string output = Output("ENTITY Farm farm { 3; }");
+  EXPECT_NE(output.find("lu : '3' ; attendu : un nom, un texte entre guillemets, " + statement),
+            std::string::npos)
+      << output;
+}
+
+/// The failures of the kernel and of the application, each behind the line that led to it.
+TEST_F(StructureFileTest, EndsInTheFailureMadeForTheFault) {
+  const std::string unknown =
+      "\n!!!============== UnknownClassName ==============\n!!! Le nom de classe 'Goat'";
+  const FaultCase cases[] = {
+      {"\nENTITY Goat;", 2, "ENTITY 'Goat' : classe d'entité inconnue" + unknown},
+      {"ENTITY Farm {\nFOR g = 7 TO 8 {\nELEMENT Goat goat[g]; } }", 3,
+       "ELEMENT 'Goat' 'goat'[g] (boucle FOR de la ligne 2, g = 7) : classe d'entité inconnue" + unknown},
+      {"ENTITY Bull {\nanEntity = NEW Goat; }", 2,
+       "descripteur 'anEntity' : classe d'entité inconnue" + unknown},
+      {"ENTITY Cow cow {\nELEMENT Udder udder; }", 2,
+       "ELEMENT 'Udder' 'udder'\n!!!============== BadSubEntityClass =============="},
+      {"ENTITY Cow cow {\nCOMPONENT Udder;\nCOMPONENT Udder; }", 3,
+       "COMPONENT 'Udder'\n!!!============== ComponentAlreadyPlugged =============="},
+      {"ENTITY Cow cow {\nFOR u = 1 TO 2\n{\nCOMPONENT Udder udder[u]; } }", 4,
+       "COMPONENT 'Udder' 'udder'[u] (boucle FOR de la ligne 2, u = 2)"
+       "\n!!!============== ComponentAlreadyPlugged =============="},
+      {"ENTITY Cow cow; ENTITY Cow other {\nCOMPONENT REF cow; }", 2,
+       "COMPONENT REF 'cow'\n!!!============== BadSubEntityClass =============="},
+      {"ENTITY Cow cow;\nREF bull;", 2,
+       "REF 'bull' : aucune entité ne porte ce nom\n!!!============== UnfoundEntityBasedOnInstanceName "
+       "=============="},
+      {"ENTITY Bull {\naDomain += [5, 4]; }", 2,
+       "descripteur 'aDomain'\n!!!============== BadIntervalBounds =============="},
+      {"ENTITY Bull {\nBODY isTired = TRUE; }", 2,
+       "BODY 'isTired'\n!!! Indice hors tableau dans 'Entity::GetMethod' : indice -9"},
+      {"FOR i = 1 TO\nPARAM Herd size { }", 2,
+       "PARAM 'Herd' 'size'\n!!!============== InexistantTypedParameter =============="},
+      {"ENTITY Bull { anInt = PARAM Herd size; }", 1,
+       "PARAM 'Herd' 'size'\n!!!============== InexistantParameter =============="},
+  };
+  for (const FaultCase& c : cases) {
+    const std::string output = Output(c.bytes);
+    EXPECT_EQ(output.find(Announced(path, c.line, c.what)), 0U) << c.bytes << output;
+    EXPECT_TRUE(output.ends_with("\nERROR \n")) << output;
+  }
+  // What fails later has no line in the file.
+  Read(ParseStructureFile, "ENTITY Cow cow;");
+  EXPECT_EQ(OutputOf([&] {
+              const std::string failure = FailureOf([] { GetNamedEntity("cow")->GetComponent(UDDER); });
+              std::printf("%s", failure.substr(0, 10).c_str());
+            }),
+            "\n!!!======");
+}
+
+TEST_F(StructureFileTest, NamesTheFilesThatLedToAFailure) {
+  const std::string included = folder.Write("cows", "ELEMENT Cow cow;\n\nELEMENT Goat goat;");
+  const std::string output = Output("ENTITY Herd herd {\nINCLUDE \"cows\";\n}");
+  EXPECT_EQ(output.find(Announced(included, 3, "ELEMENT 'Goat' 'goat' : classe d'entité inconnue") +
+                        "\n    inclus par " + path + ", ligne 2\n!!!==="),
+            0U)
+      << output;
+}
+
+TEST_F(StructureFileTest, NeedsASimulation) {
+  pCurrentSim = nullptr;
+  EXPECT_NE(Output("").find("SimulationNotYetCreated"), std::string::npos);
+  pCurrentSim = &simulation;
+}
+
+TEST_F(StructureFileTest, TheSeasonOfTheHerdStands) {
+  ParseStructureFile((std::string(KALVE_SOURCE_DIR) + "/examples/herd/season.str").c_str());
+  EXPECT_EQ(GetNumberOfEntities(COW), 42);
+  EXPECT_EQ(GetNumberOfEntities(PADDOCK), 8);
+  EXPECT_EQ(TreeOf("farm").substr(0, 70),
+            "farm(home hill1 hill2 hill3 hill4 hill5 river1 river2 herd(heifer1(Udd");
+  EXPECT_EQ(ValueText(*GetNamedEntity("marguerite"), "weight"), "640");
+}
+
+TEST_F(StructureFileTest, TheDocumentedExampleStands) {
+  const std::string page = Contents(std::string(KALVE_SOURCE_DIR) + "/docs/input-files.md");
+  const std::size_t section = page.find("## The structure file");
+  const std::size_t from = page.find("```\n", section) + 4;
+  ASSERT_NE(section, std::string::npos);
+  SetParameter(INT, "size", {.intValue = 3});
+  Read(ParseStructureFile, page.substr(from, page.find("```", from) - from));
+  EXPECT_EQ(TreeOf("farm"),
+            "farm(home river1 river2 herd(cow1(Udder_8) cow2(Udder_10) cow3(Udder_12) hortense(-)) common) ");
+  EXPECT_EQ(ValueText(*GetNamedEntity("hortense"), "calvings"), "6");
+}
+
+TEST_F(StructureFileTest, MutatedFilesEndInOrder) {
+  folder.Write("part", "# nothing\nEND INCLUDE;");
+  const std::string example =
+      "ENTITY Bull barn { aText = \"a\"; anInt = 3; someInts += 5; aDomain += [1, 2]; BODY isReady = TRUE; }\n"
+      "SIMULATED ENTITY Farm farm {\n"
+      "  FOR p = 1 TO 3 { ELEMENT Paddock paddock[p] { area = p; } }\n"
+      "  INCLUDE \"part\";\n"
+      "  ELEMENT Herd herd { FOR c = 1 TO 2 { ELEMENT Cow cow[c] { FOR u = 1 TO 1 { COMPONENT Udder; } } } }\n"
+      "}\nREF \"farm\" { ELEMENT REF paddock1; }\n";
+  for (int i = 0; i < 150; ++i) ExpectOrderlyEnd(ParseStructureFile, Mutated(example));
+  EXPECT_GT(faults, 50);
+}
+
+}  // namespace

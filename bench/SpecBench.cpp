@@ -3,23 +3,29 @@
 #include <vector>
 
 #include "bench/Pair.h"
+#include "kalve/descriptors/ScalarDescriptors.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/methods/Method.h"
 #include "kalve/methods/PredefinedIds.h"
 #include "kalve/model/CoreFunction.h"
 #include "kalve/model/Entity.h"
 #include "kalve/model/MetaClass.h"
+#include "kalve/specs/DescValueSpec.h"
 #include "kalve/specs/EntitySpec.h"
 
 namespace {
 
 constexpr int cow = 10;
+constexpr int age = 20;
+constexpr int weight = 21;
 constexpr int instances = 100000;
 
 class Cow : public Entity {
  public:
   Cow() {
     SetMetaClass(cow);
+    AddConstantDescriptor(new IntConstantDescriptor(age, "age"));
+    AddVariableDescriptor(new DoubleVariableDescriptor(weight, "weight"));
     AddInstanceToClass();
   }
 };
@@ -32,7 +38,11 @@ class Herd {
     K_InstallMetaClasses();
     CreateMetaClass(cow, "Cow")->SetParentClassId(KV_ENTITY);
     SetHierarchy();
-    for (int i = 0; i < instances; ++i) mCows.push_back(new Cow);
+    for (int i = 0; i < instances; ++i) {
+      mCows.push_back(new Cow);
+      mCows.back()->SetIntValue(age, i % 10);
+      mCows.back()->SetDoubleValue(weight, 300.0 + i % 400);
+    }
   }
   Herd(const Herd&) = delete;
   Herd& operator=(const Herd&) = delete;
@@ -71,6 +81,29 @@ void ExpandByPredicate(benchmark::State& state) {
       });
 }
 
+/// Most cows meet the first condition and come to the second.
+void ExpandByTwoConditionsAndPredicate(benchmark::State& state) {
+  const Herd herd;
+  EntitySpec spec(cow);
+  spec.AssignSelectorPredicate(SelectsEven);
+  spec.AddDescValueSpec(new DescIntValueSpec(age, IN, 0, 8));
+  spec.AddDescValueSpec(new DescDoubleValueSpec(weight, NOT_IN, 300.0, 320.0));
+  std::vector<Cow*> found;
+  MeasurePair(
+      state, instances, [&] { spec.Expand(); },
+      [&] {
+        found.clear();
+        for (Cow* animal : herd.Cows()) {
+          const int years = static_cast<IntConstantDescriptor*>(animal->GetDescriptor(age))->GetIntValue();
+          if (years < 0 || years > 8) continue;
+          auto* const kilos = static_cast<DoubleVariableDescriptor*>(animal->GetDescriptor(weight));
+          if (kilos->GetDoubleValue(0) >= 300.0 && kilos->GetDoubleValue(0) <= 320.0) continue;
+          if (IsEven(*animal)) found.push_back(animal);
+        }
+        benchmark::DoNotOptimize(found.data());
+      });
+}
+
 /// What a caller reads: the expansion without dead entities and those of the engine.
 void ReadExpansion(benchmark::State& state) {
   const Herd herd;
@@ -92,6 +125,7 @@ void ReadExpansion(benchmark::State& state) {
 }
 
 BENCHMARK(ExpandByPredicate)->UseManualTime();
+BENCHMARK(ExpandByTwoConditionsAndPredicate)->UseManualTime();
 BENCHMARK(ReadExpansion)->UseManualTime();
 
 }  // namespace

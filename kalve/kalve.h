@@ -1,7 +1,6 @@
 // The whole kernel.
 #pragma once
 
-#include "kalve/designs/DesignOfExperiment.h"
 #include "kalve/descriptors/Descriptor.h"
 #include "kalve/descriptors/EntityDescriptors.h"
 #include "kalve/descriptors/Holders.h"
@@ -11,6 +10,7 @@
 #include "kalve/descriptors/TableDescriptors.h"
 #include "kalve/descriptors/TableValue.h"
 #include "kalve/descriptors/VisitDescriptor.h"
+#include "kalve/designs/DesignOfExperiment.h"
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/Chronometer.h"

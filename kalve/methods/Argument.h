@@ -112,23 +112,23 @@ class HolderRing {
 enum class TableRole { Numbers, Domain };
 
 template <class Item, TableRole role>
-class HeldTable {
+class ArgumentTable {
  public:
   using Value = Tableau<Item>*;
-  HeldTable() : mTable(isDomain ? new Tableau<Item> : nullptr) {}
-  HeldTable(const HeldTable& other) {
+  ArgumentTable() : mTable(isDomain ? new Tableau<Item> : nullptr) {}
+  ArgumentTable(const ArgumentTable& other) {
     if constexpr (isDomain)
       Share(other);
     else if (other.mTable != nullptr)
       mTable = new Tableau<Item>(*other.mTable);
   }
-  HeldTable& operator=(const HeldTable& other) {
+  ArgumentTable& operator=(const ArgumentTable& other) {
     if (this == &other) return *this;
     if (mHolders.Leave() && isDomain && mTable != other.mTable) delete mTable;
     Share(other);
     return *this;
   }
-  ~HeldTable() {
+  ~ArgumentTable() {
     if (mHolders.Leave()) delete mTable;
   }
   Value Get() const { return mTable; }
@@ -140,7 +140,7 @@ class HeldTable {
 
  private:
   static constexpr bool isDomain = role == TableRole::Domain;
-  void Share(const HeldTable& other) {
+  void Share(const ArgumentTable& other) {
     mTable = other.mTable;
     mHolders.Join(other.mHolders);
   }
@@ -199,7 +199,7 @@ class EntityArgument : public TypedArgument<P_ENTITY, PlainValue<BasicEntity*>> 
 class EntityTabArgument : public TypedArgument<ENTITY_TAB, BorrowedTable<BasicEntity*>> {
   KALVE_ARGUMENT(EntityTabArgument)
 };
-class IntDomainArgument : public TypedArgument<INTDOMAIN, HeldTable<IntInterval*, TableRole::Domain>> {
+class IntDomainArgument : public TypedArgument<INTDOMAIN, ArgumentTable<IntInterval*, TableRole::Domain>> {
   KALVE_ARGUMENT(IntDomainArgument)
   /// Appends to the held table; the interval stays the caller's.
   void AddValue(IntInterval* interval) { GetValue()->push_back(interval); }
@@ -211,13 +211,13 @@ class DescValueSpecTabArgument
     : public TypedArgument<DESCVALUESPEC_TAB, PlainValue<Tableau<DescValueSpec*>*>> {
   KALVE_ARGUMENT(DescValueSpecTabArgument)
 };
-class IntTabArgument : public TypedArgument<INT_TAB, HeldTable<int, TableRole::Numbers>> {
+class IntTabArgument : public TypedArgument<INT_TAB, ArgumentTable<int, TableRole::Numbers>> {
   KALVE_ARGUMENT(IntTabArgument)
 };
-class FloatTabArgument : public TypedArgument<FLOAT_TAB, HeldTable<float, TableRole::Numbers>> {
+class FloatTabArgument : public TypedArgument<FLOAT_TAB, ArgumentTable<float, TableRole::Numbers>> {
   KALVE_ARGUMENT(FloatTabArgument)
 };
-class DoubleTabArgument : public TypedArgument<DOUBLE_TAB, HeldTable<double, TableRole::Numbers>> {
+class DoubleTabArgument : public TypedArgument<DOUBLE_TAB, ArgumentTable<double, TableRole::Numbers>> {
   KALVE_ARGUMENT(DoubleTabArgument)
 };
 class EventArgument : public TypedArgument<P_EVENT, PlainValue<Event*>> {

@@ -198,6 +198,47 @@ class BasicEntity {
   int GetNumberOfSuperSets() const { return mNumberOfSuperSets; }
   bool HasSuperSets() const { return mNumberOfSuperSets > 0; }
 
+  // Walks: Walks.cpp. They read what is linked, whatever the entity is built for, and pass over partners that
+  // have died. The structure must hold no circle. A class matches its descendants too, unless it says
+  // exactly.
+  /// Components below, of exactly the class: of one entity at most the first, and behind it no further slot
+  /// is entered; elements are always entered. An entity reached twice stands there twice.
+  Tableau<BasicEntity*> GetDepthComponentTab(int classId) const;
+  void GetDepthComponentTab(int classId, Tableau<BasicEntity*>& result) const;
+  /// Elements below, each once, each before what it holds. Components are entered only where there are no
+  /// elements.
+  Tableau<BasicEntity*> GetDepthElementTab(int classId) const;
+  void GetDepthElementTab(int classId, Tableau<BasicEntity*>& result) const;
+  /// Among the elements, their elements and so on; UnknownEntityClass for a symbol without a class.
+  bool HasAsElement(int classId) const;
+  bool HasAsElement(BasicEntity* element) const;
+  /// Direct elements first, then those below. A search that fails reports it and answers null.
+  Entity* GetDepthNamedElement(const char* name) const;
+  Entity* GetDepthClassNamedElement(const char* className) const;
+  /// Of exactly the class.
+  Entity* GetDepthClassNamedElement(int id) const;
+  /// A new table of all entities above that match; the caller deletes it. Super-sets hide the super-entity.
+  /// An entity reached twice stands there twice.
+  Tableau<BasicEntity*>* GetContainerTab(int classId) const;
+  /// The same without what is above a match; `exact` non-zero asks for exactly the class.
+  Tableau<BasicEntity*>* GetContainerTab(int classId, int exact) const;
+  /// A match, or else what its own containers answer, of the last super-set; null at the top.
+  Entity* GetFirstContainer(int classId, int exact) const;
+  /// The same for the entity that has a simulation.
+  Entity* GetSimulatedContainerEntity() const;
+
+  // Dumps to standard output: Dumps.cpp
+  void Display() const;
+  /// With all that is below, four blanks further in at each level.
+  void DisplayInDepth() const { DisplayInDepth(0); }
+  void DisplayInDepth(int level) const;
+  /// Names and addresses alone.
+  void DisplayShortInDepth() const { DisplayShortInDepth(0); }
+  void DisplayShortInDepth(int level) const;
+  void DisplayAttributes() const;
+  void DisplayElementTab() const;
+  void DisplayElementNames() const;
+
   // Observers: BasicEntity.cpp
   void SetMonitor(StructureMonitor* monitor) { mpMonitor = monitor; }
   /// DoNotHaveMonitorAttached without one.
@@ -250,6 +291,19 @@ class BasicEntity {
   BasicEntity* FirstElement(const char* operation) const;
   int SlotOfOrBelow(int id) const;
   int SlotFor(int id) const;
+  void WarnOfEmptySlot(int slot) const;
+
+  // Partners that are alive, and walks over them: Walks.cpp
+  Tableau<BasicEntity*> LivingElements() const;
+  Tableau<BasicEntity*> LivingComponents() const;
+  Tableau<BasicEntity*> LivingSuperSets() const;
+  BasicEntity* LivingSuperEntity() const;
+  Tableau<BasicEntity*> LivingContainers() const;
+  void GatherComponents(int classId, Tableau<BasicEntity*>& result) const;
+  template <class Matches>
+  void GatherContainers(Matches matches, bool goesOnAboveMatches, Tableau<BasicEntity*>& result) const;
+  template <class Matches>
+  BasicEntity* LastContainer(Matches matches) const;
 
   // Additions and removals: BasicEntityStructure.cpp
   using ElementFailure = void (*)(BasicEntity* set, BasicEntity* element);

@@ -19,11 +19,6 @@ int ClockNow() {
   return pCurrentSim->Clock();
 }
 
-void WarnOfEmptySlot(const BasicEntity* entity, int classSymbol) {
-  ReportWarning("\n!!! L'entité %x (%s) n'est pas munie de son composant de symbole de classe %d. !!!\n",
-                Address32(entity), entity->InstanceName(), classSymbol);
-}
-
 /// A copy of a part by the constructor of its layer.
 template <class... Form>
 BasicEntity* CopyOfPart(const BasicEntity& part, Form... form) {
@@ -108,7 +103,7 @@ void BasicEntity::CopyComponentsOf(const BasicEntity& source, PartCopy parts, bo
   for (int slot = 0; slot < source.mComponentTab.size(); ++slot) {
     const BasicEntity* const component = source.PluggedIn(slot);
     if (component == nullptr)
-      WarnOfEmptySlot(&source, source.mComponentClassIds[slot]);
+      source.WarnOfEmptySlot(slot);
     else
       AddComponent(parts == PartCopy::Flagged ? CopyOfPart(*component, withMonitors)
                                               : CopyOfPart(*component));
@@ -150,6 +145,11 @@ BasicEntity::~BasicEntity() {
   LeaveLivingEntity(this);
 }
 
+void BasicEntity::WarnOfEmptySlot(int slot) const {
+  ReportWarning("\n!!! L'entité %x (%s) n'est pas munie de son composant de symbole de classe %d. !!!\n",
+                Address32(this), InstanceName(), mComponentClassIds[slot]);
+}
+
 void BasicEntity::DeleteInDepth() {
   if (g_KV_TraceNewDelMode != 0)
     std::cout << "\n-Destruction profonde de " << static_cast<const void*>(this) << " (avec ses "
@@ -160,7 +160,7 @@ void BasicEntity::DeleteInDepth() {
     if (component != nullptr)
       component->DeleteInDepth();
     else
-      WarnOfEmptySlot(this, mComponentClassIds[slot]);
+      WarnOfEmptySlot(slot);
   }
   for (int i = mElementTab.size(); i-- > 0;)
     if (i < mElementTab.size() && IsLivingEntity(mElementTab[i])) mElementTab[i]->DeleteInDepth();

@@ -1,10 +1,13 @@
-// Services over all instances: copy and delete by layer, lookups by class and name, small text helpers.
+// Services over all instances: copy, delete and teardown, lookups by class and name, selections, reports,
+// small text helpers.
 //
 // A lookup answers null or -9 for what is not there, unless it says that it ends the run.
 #pragma once
 
+#include <cstdio>
 #include <type_traits>
 
+#include "kalve/foundations/Enumerations.h"
 #include "kalve/foundations/Forward.h"
 #include "kalve/foundations/Tableau.h"
 
@@ -17,6 +20,23 @@ BasicEntity* CopyEntity(BasicEntity* entity, bool withMonitors);
 /// Destroys the entity as what its type says, and frees it; StrangeEntity for an unknown type. An
 /// application class's own destructor does not run.
 void DeleteEntity(BasicEntity* entity);
+
+// Teardown: Teardown.cpp. Destructors edit the very tables that are emptied, and may bring others down.
+/// Deletes the process with its methods, as the class that it is.
+void DeleteProcess(Process* process);
+/// Of all classes, by rising symbol.
+void DeleteEntityInstances();
+/// Of the class, and then of its parents. Beyond the registry it reports that and does nothing.
+void DeleteEntityInstances(int classId);
+/// Empties the registry but not the table of symbols.
+void DeleteEntityClasses();
+/// Empties one slot of the registry; an unknown symbol is reported.
+void DeleteEntityClasses(int classId);
+/// All structure monitors.
+void DeleteMonitors();
+/// The end of an application: entities, then what watches and records them, then the simulation
+/// (pCurrentSim becomes null), then the classes.
+void DeleteAll();
 
 // Counts and lists by class symbol: EntityLookups.cpp
 /// -9 for an empty slot of the registry, an index failure beyond it.
@@ -70,6 +90,47 @@ void SortDown(Tableau<DescriptedEntity*>* entities, int descId);
 /// lowest (highest) of the type, or for another type. An index failure for an empty table.
 DescriptedEntity* MaxValued(Tableau<DescriptedEntity*>* entities, int descId);
 DescriptedEntity* MinValued(Tableau<DescriptedEntity*>* entities, int descId);
+// Methods by name: MethodLookups.cpp
+/// Of the event, process or entity of that instance name (UnfoundEntityBasedOnInstanceName, InexistantMethod
+/// for entities); null for another kind.
+Method* GetNamedMethod(ObjectClassId kind, const char* instance, const char* method);
+/// The id of the method of that name in the first instance of the class; -9 without instance or method.
+int GetMethodSymbol(int classId, const char* name);
+
+// Selections in a table, of what is alive: EntitySelection.cpp
+/// The first entity of the class: exactly, for the scope "itself"; of the class or an ancestor of it, for
+/// any other.
+BasicEntity* SelectBasicEntity(const Tableau<BasicEntity*>& entities, int classId, const char* scope);
+/// A new table of all entities of the class: exactly, for the scope "itself"; of the class or a descendant
+/// of it (UnknownEntityClass), for any other. The caller deletes it.
+Tableau<BasicEntity*>* SelectBasicEntities(const Tableau<BasicEntity*>& entities, int classId,
+                                           const char* scope);
+/// An element that stands, at any depth, in one entity of the table and in an earlier one: of the first
+/// entity that has any, the last of them. Null for none.
+BasicEntity* CommonElementInSeveralEntities(Tableau<BasicEntity*>* entities);
+/// A new table of the same entities; BadEntityTypeInOrderToSort when one has no descriptors. The caller
+/// deletes it.
+Tableau<DescriptedEntity*>* EntityTabToDescriptedEntityTab(Tableau<BasicEntity*> entities);
+
+// Reports: EntityReports.cpp; MemoryReport.cpp
+/// Addresses of the instances of a class.
+void DisplayEntities(int classId);
+/// "(name name )", of at most `limit` entities.
+void DisplayEntityNames(const Tableau<BasicEntity*>& entities);
+void DisplayEntityNames(const Tableau<DescriptedEntity*>& entities);
+void DisplayEntityNames(const Tableau<BasicEntity*>& entities, int limit);
+void DisplayEntityNames(const Tableau<DescriptedEntity*>& entities, int limit);
+/// The same text into pLogFile; nothing without it.
+void LogEntityNames(const Tableau<BasicEntity*>& entities);
+extern std::FILE* pLogFile;
+/// Opens "K_logFile" in the working directory, to append.
+void OpenLogFile();
+/// Writes "STDOUT" and gGlobalString, and flushes.
+void ForceToStdout();
+/// Constructions and destructions of all counted classes.
+void MemoryReport();
+/// The same when `force` is 1 or the start-up option for it was given.
+void MemoryReport(int force);
 
 // Positions: the first index of a match, -9 for none.
 template <class T>

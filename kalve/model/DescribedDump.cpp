@@ -60,22 +60,17 @@ std::string Shown(ValueClass& descriptor) {
     return ShownValue(descriptor.GetValue());
 }
 
-void Display(Descriptor& descriptor) {
+void DisplayRow(Descriptor& descriptor) {
   std::string value;
   VisitDescriptor(descriptor, [&value](auto& valued) { value = Shown(valued); });
   if (!value.empty())
     std::printf("\n%s%s%s%s", depthIndent, stepIndent, OrEmpty(descriptor.ClassName()), value.c_str());
 }
 
-template <class Layer>
-void DisplayLowerLayer(const Layer& entity) {
-  if constexpr (requires { entity.DisplayAttributes(); }) entity.DisplayAttributes();
-}
-
 }  // namespace
 
 void DescriptedEntity::DisplayAttributes() const {
-  DisplayLowerLayer<BasicEntity>(*this);
-  for (ConstantDescriptor* descriptor : mConstantDescriptorTab) Display(*descriptor);
-  for (VariableDescriptor* descriptor : mVariableDescriptorTab) Display(*descriptor);
+  BasicEntity::DisplayAttributes();
+  for (ConstantDescriptor* descriptor : mConstantDescriptorTab) DisplayRow(*descriptor);
+  for (VariableDescriptor* descriptor : mVariableDescriptorTab) DisplayRow(*descriptor);
 }

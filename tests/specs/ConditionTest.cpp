@@ -253,4 +253,23 @@ TEST_F(ConditionTest, AConditionMustFitTheEntity) {
   }
 }
 
+TEST_F(ConditionTest, ReadsConstantsSilentlyAndTakesTheDeadForNoInstance) {
+  Thing* const mother = NewBull();
+  Thing* const cow = NewDescribedCow(4, 0.0F, 0.0, "", mother);
+  DescIntValueSpec ofAge(AGE, IN, 4);
+  EXPECT_EQ(OutputOf([&] {
+              if (ofAge.IsInDomain(cow) == 0) std::printf("not met");
+            }),
+            "");
+  DescEntityValueSpec ofClass(MOTHER, IN, BULL);
+  EXPECT_TRUE(ofClass.IsInDomain(cow));
+  DeleteEntity(mother);
+  EXPECT_FALSE(ofClass.IsInDomain(cow));
+  BasicEntity basic;  // the lowest layer has no descriptors
+  EXPECT_NE(FailureOf([&] {
+              static_cast<DescValueSpec&>(ofAge).IsInDomain(static_cast<DescriptedEntity*>(&basic));
+            }).find(" InexistantDescriptor "),
+            std::string::npos);
+}
+
 }  // namespace

@@ -95,12 +95,12 @@ TEST_F(EntityValueSpec, AnEntityIsInByAddressOrByClass) {
 
 TEST_F(EntityValueSpec, FailuresOfDomains) {
   Thing* const cow = NewCow();
-  EXPECT_EQ(FailureOf([&] { DescEntityValueSpec(12, IN, COW).AddSubDomain(cow); }),
+  EXPECT_EQ(FailureOf([&] { DescEntityValueSpec(20, IN, COW).AddSubDomain(cow); }),
             "\n!!!============== UnAuthorizedEntitySubDomain =============="
-            "\n!!! Ajout d'une entité (Cow_1) à un domaine constitué de classes.\n    descripteur : 12\n");
-  EXPECT_NE(FailureOf([] { DescEntityValueSpec(12, IN).AddSubDomain("Cow_7"); }).find("addSubDomain"),
+            "\n!!! Ajout d'une entité (Cow_1) à un domaine constitué de classes.\n    descripteur : 20\n");
+  EXPECT_NE(FailureOf([] { DescEntityValueSpec(20, IN).AddSubDomain("Cow_7"); }).find("addSubDomain"),
             std::string::npos);
-  EXPECT_NE(FailureOf([&] { DescEntityValueSpec(12, IN, 99).IsOutOfDomain(cow); }).find("UnknownEntityClass"),
+  EXPECT_NE(FailureOf([&] { DescEntityValueSpec(20, IN, 99).IsOutOfDomain(cow); }).find("UnknownEntityClass"),
             std::string::npos);
 }
 
@@ -392,27 +392,27 @@ TEST(ValueSpecFailure, OfConstructorsAndSubDomains) {
   };
   const auto other = static_cast<RelationalOperator>(2);
   const Case cases[] = {
-      {[&] { DescStringValueSpec spec(12, other, "a"); },
+      {[&] { DescStringValueSpec spec(20, other, "a"); },
        "\n!!!============== BadRelationalOperator =============="
        "\n!!! L'opérateur relationnel (2) de la spécification de valeur n'est pas géré par le système."
-       "\n    Les opérateurs valides sont : IN NOT_IN.\n    descripteur : 12\n"},
+       "\n    Les opérateurs valides sont : IN NOT_IN.\n    descripteur : 20\n"},
       {[] {
-         DescEntityValueSpec spec(12, IN, 8);
+         DescEntityValueSpec spec(20, IN, 8);
          spec.AddSubDomain(static_cast<BasicEntity*>(nullptr));
        },
        "\n!!!============== UnAuthorizedEntitySubDomain =============="
-       "\n!!! Ajout d'une entité (NULL) à un domaine constitué de classes.\n    descripteur : 12\n"},
-      {[] { DescEntityValueSpec(12, IN).AddSubDomain(500); },
+       "\n!!! Ajout d'une entité (NULL) à un domaine constitué de classes.\n    descripteur : 20\n"},
+      {[] { DescEntityValueSpec(20, IN).AddSubDomain(500); },
        "\n!!!============== UnAuthorizedEntitySubDomain =============="
-       "\n!!! Ajout d'une classe (500) à un domaine constitué d'entités.\n    descripteur : 12\n"},
+       "\n!!! Ajout d'une classe (500) à un domaine constitué d'entités.\n    descripteur : 20\n"},
       {[] { DescIntValueSpec(1, IN).InsertSubDomain(2, 1); },
        "\n!!!============== BadIntervalBounds =============="
        "\n!!! La borne inférieure d'un intervalle d'entiers est supérieure à sa borne supérieure."
        "\n!!! intervalle : [2, 1]\n"},
   };
   for (const Case& c : cases) EXPECT_EQ(FailureOf(c.body), c.text);
-  EXPECT_NE(FailureOf([&] { DescEntityValueSpec spec(12, other, 8); }), "");
-  EXPECT_NE(FailureOf([&] { DescEntityValueSpec spec(12, other, static_cast<BasicEntity*>(nullptr)); }), "");
+  EXPECT_NE(FailureOf([&] { DescEntityValueSpec spec(20, other, 8); }), "");
+  EXPECT_NE(FailureOf([&] { DescEntityValueSpec spec(20, other, static_cast<BasicEntity*>(nullptr)); }), "");
 }
 
 TEST(ValueSpecFailure, DrawingFromNothingIsAnIndexFailure) {

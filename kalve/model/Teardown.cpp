@@ -1,0 +1,79 @@
+// The end of instances, classes and of everything.
+#include <iostream>
+#include <new>
+
+#include "kalve/engine/ProcessDispatch.h"
+#include "kalve/engine/Simulation.h"
+#include "kalve/model/CoreFunction.h"
+#include "kalve/model/MetaClass.h"
+#include "kalve/monitors/StructureMonitor.h"
+
+namespace {
+
+/// The object may be of a class of the application: only its allocation knows the size.
+template <class Class>
+void Delete(Class* object) {
+  object->~Class();
+  ::operator delete(static_cast<void*>(object));
+}
+
+/// Walks a copy of the registry, which the destructors edit.
+template <class Class>
+void DeleteInstances(Tableau<Class*> instances) {
+  for (Class* instance : instances)
+    if (instance != nullptr) Delete(instance);
+}
+
+/// A deletion may bring other instances down: the count is read again each time.
+void DeleteInstancesOf(const MetaClass& metaClass) {
+  while (metaClass.InstanceNumber() >= 1) DeleteEntity(metaClass.GetInstance(0));
+}
+
+}  // namespace
+
+void DeleteProcess(Process* process) { DeleteProcessInDepth(process); }
+
+void DeleteEntityInstances() {
+  for (int id = 0; id < gMetaClassTab.size(); ++id)
+    if (const MetaClass* const metaClass = GetMetaClass(id)) DeleteInstancesOf(*metaClass);
+}
+
+void DeleteEntityInstances(int classId) {
+  if (classId < 0 || classId >= gMetaClassTab.size()) {
+    std::cout << "\n!!! Tentative de suppression des instances d'une classe (" << classId
+              << ") pour laquelle la liste des instances n'a pas été créée (par AddInstanceToClass))\n";
+    return;
+  }
+  const MetaClass* const metaClass = GetMetaClass(classId);
+  if (metaClass == nullptr) return;
+  DeleteInstancesOf(*metaClass);
+  for (int parent : metaClass->ParentIds()) DeleteEntityInstances(parent);
+}
+
+void DeleteEntityClasses() {
+  for (; gMetaClassTab.empty() == 0; gMetaClassTab.pop_front()) delete gMetaClassTab.front();
+}
+
+void DeleteEntityClasses(int classId) {
+  MetaClass* const metaClass = GetMetaClass(classId);
+  if (metaClass == nullptr) {
+    std::cout << "\n!!! Tentative de suppression d'une classe inconnue de symbole " << classId << ".\n";
+    return;
+  }
+  delete metaClass;
+  gMetaClassTab[classId] = nullptr;
+  gMetaClassIdTab[classId] = K_INT_UNSIGNIFICANT;
+}
+
+void DeleteMonitors() { DeleteInstances(StructureMonitor::mpInstanceTab); }
+
+// Monitors outlive the entities, whose destructors ask them; outputs outlive the entities, whose last values
+// they take; everything needs the classes.
+void DeleteAll() {
+  DeleteEntityInstances();
+  DeleteMonitors();
+  if (pCurrentSim != nullptr) Delete(pCurrentSim);
+  pCurrentSim = nullptr;
+  MemoryReport(0);
+  DeleteEntityClasses();
+}

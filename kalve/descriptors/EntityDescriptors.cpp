@@ -146,7 +146,8 @@ void EntityTabConstantDescriptor::AddValueElement(BasicEntity* entity) {
 }
 
 void EntityTabConstantDescriptor::AddValueElements(Table* entities) {
-  for (int i = 0; entities != nullptr && i < entities->size(); ++i) AddValueElement(entities->get_nth(i));
+  if (entities == nullptr) return;
+  for (BasicEntity* entity : Table(*entities)) AddValueElement(entity);
 }
 
 void EntityTabConstantDescriptor::RemoveValue(BasicEntity* entity) { mValue.Made().remove_first(entity); }
@@ -212,8 +213,8 @@ void EntityTabVariableDescriptor::AddValueElement(BasicEntity* entity, int withM
 }
 
 void EntityTabVariableDescriptor::AddValueElements(Table* entities, int withMonitor) {
-  for (int i = 0; entities != nullptr && i < entities->size(); ++i)
-    AddValueElement(entities->get_nth(i), withMonitor);
+  if (entities == nullptr) return;
+  for (BasicEntity* entity : Table(*entities)) AddValueElement(entity, withMonitor);  // may be the value
 }
 
 void EntityTabVariableDescriptor::RemoveValue(BasicEntity* entity, int withMonitor) {

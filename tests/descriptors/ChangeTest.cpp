@@ -404,7 +404,7 @@ TEST_F(Change, DomainsComeAndGo) {
 }
 
 TEST_F(Change, DescriptorsAreNotAssignedThroughTheirBases) {
-  Thing cow{KV_ENTITY, COW};
+  Thing cow{ANIMAL, COW};
   Int first(20, "first");
   Int second(21, "second");
   const std::string head =

@@ -34,7 +34,7 @@ std::string TextOf(Value value) {
 }
 
 TEST_F(DescriptorText, EveryClassHasItsText) {
-  auto cow = std::make_unique<Thing>(std::initializer_list<int>{KV_ENTITY, COW});
+  auto cow = std::make_unique<Thing>(std::initializer_list<int>{ANIMAL, COW});
   BasicEntity* entity = cow.get();
   entity->SetInstanceName("Marguerite");
   EXPECT_EQ((TextOf<IntConstantDescriptor>(-3)), "-3");
@@ -90,7 +90,7 @@ TEST_F(DescriptorText, WrongBranchSaysSoAndLeavesTheBuffer) {
 }
 
 TEST_F(DescriptorText, PlotsTheFirstChangeAndOneInEveryStep) {
-  Thing cow{KV_ENTITY, COW};
+  Thing cow{ANIMAL, COW};
   cow.SetInstanceName("Marguerite");
   IntDescValueMonitor watch("watch");
   watch.AssignWhenGetIntMethod([](MonitorMethod* m) { return -m->GetIntArgValue(21); });

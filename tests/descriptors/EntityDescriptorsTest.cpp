@@ -31,9 +31,9 @@ class EntityDescriptors : public ModelTest {
     return FailureOf(body).find(std::string("============== ") + failure + " ==") != std::string::npos;
   }
 
-  Thing cow{KV_ENTITY, ANIMAL, COW};
-  Thing bull{KV_ENTITY, ANIMAL, BULL};
-  Thing farm{KV_ENTITY, FARM};
+  Thing cow{ANIMAL, COW};
+  Thing bull{ANIMAL, BULL};
+  Thing farm{FARM};
 };
 
 // Class list and domain ------------------------------------------------------------------------------------
@@ -116,7 +116,7 @@ TEST_F(EntityDescriptors, EntityGoesThroughMonitorDomainAndRecord) {
   mother.RecordPresentValue();
   at(3);
   {
-    Thing calf{KV_ENTITY, ANIMAL, COW};
+    Thing calf{ANIMAL, COW};
     calf.SetInstanceName("calf");
     mother.SetValue(&calf, 0);
   }
@@ -175,7 +175,7 @@ TEST_F(EntityDescriptors, EveryTouchOfATableIsRecorded) {
   std::string names;
   std::vector<std::unique_ptr<Thing>> crowd;
   for (int i = 0; i < 200; ++i) {
-    crowd.push_back(std::make_unique<Thing>(std::initializer_list<int>{KV_ENTITY, ANIMAL, COW}));
+    crowd.push_back(std::make_unique<Thing>(std::initializer_list<int>{ANIMAL, COW}));
     herd.AddValueElement(crowd.back().get(), 0);
     names += (i > 0 ? " " : "") + std::string(crowd.back()->InstanceName());
   }

@@ -15,12 +15,12 @@ class ValueMonitor : public ModelTest {
   /// An entity with an attribute of each kind that the tests attach to.
   class Described : public Thing {
    public:
-    Described() : Thing{KV_ENTITY, COW} {
+    Described() : Thing{ANIMAL, COW} {
       AddVariableDescriptor(new IntVariableDescriptor(30, "count"));
       AddVariableDescriptor(new FloatVariableDescriptor(31, "weight"));
       AddVariableDescriptor(new EntityTabVariableDescriptor(32, "herd"));
       AddVariableDescriptor(new IntDomainVariableDescriptor(33, "days"));
-      AddConstantDescriptor(new IntConstantDescriptor(34, "year"));
+      AddConstantDescriptor(new IntConstantDescriptor(29, "year"));
     }
   };
   Described cow;
@@ -138,7 +138,7 @@ TEST_F(ValueMonitor, AttachmentThroughTheEntityLooksAtTheType) {
   };
   for (const auto& row : rows) EXPECT_EQ(FailureOf(row.call), row.failure);
   EXPECT_NE(FailureOf([&] {
-              DescValueMonitor::AttachToDescriptor(none, &cow, 34);
+              DescValueMonitor::AttachToDescriptor(none, &cow, 29);
             }).find("InexistantVariableDescriptor"),
             std::string::npos)
       << "the descriptor is looked up first";

@@ -32,10 +32,10 @@ void DeleteEntityInstances(int classId);
 void DeleteEntityClasses();
 /// Empties one slot of the registry; an unknown symbol is reported.
 void DeleteEntityClasses(int classId);
-/// All structure monitors.
+/// All monitors, of structures and then of values.
 void DeleteMonitors();
-/// The end of an application: entities, then what watches and records them, then the simulation
-/// (pCurrentSim becomes null), then the classes.
+/// The end of an application: specifications and entities, then what watches and feeds them, then the
+/// simulation (pCurrentSim becomes null), then the classes.
 void DeleteAll();
 
 // Counts and lists by class symbol: EntityLookups.cpp
@@ -73,6 +73,7 @@ EntitySpec* GetNamedEntitySpec(const char* name);
 EntitySpec* GetFirstEntitySpec(int classId);
 /// Deletes all that live, with their conditions.
 void DeleteEntitySpecs();
+
 // Values of described entities: DescribedLookups.cpp
 /// The first instance of a class whose int descriptor has the value. The first form goes to the constants,
 /// the second to the variables, the third to whichever the class's first instance has, constants before
@@ -90,6 +91,7 @@ void SortDown(Tableau<DescriptedEntity*>* entities, int descId);
 /// lowest (highest) of the type, or for another type. An index failure for an empty table.
 DescriptedEntity* MaxValued(Tableau<DescriptedEntity*>* entities, int descId);
 DescriptedEntity* MinValued(Tableau<DescriptedEntity*>* entities, int descId);
+
 // Methods by name: MethodLookups.cpp
 /// Of the event, process or entity of that instance name (UnfoundEntityBasedOnInstanceName, InexistantMethod
 /// for entities); null for another kind.

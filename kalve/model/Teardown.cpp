@@ -4,8 +4,11 @@
 
 #include "kalve/engine/ProcessDispatch.h"
 #include "kalve/engine/Simulation.h"
+#include "kalve/inputs/DataFiles.h"
+#include "kalve/inputs/Parameter.h"
 #include "kalve/model/CoreFunction.h"
 #include "kalve/model/MetaClass.h"
+#include "kalve/monitors/DescValueMonitor.h"
 #include "kalve/monitors/StructureMonitor.h"
 
 namespace {
@@ -65,13 +68,19 @@ void DeleteEntityClasses(int classId) {
   gMetaClassIdTab[classId] = K_INT_UNSIGNIFICANT;
 }
 
-void DeleteMonitors() { DeleteInstances(StructureMonitor::mpInstanceTab); }
+void DeleteMonitors() {
+  DeleteInstances(StructureMonitor::mpInstanceTab);
+  DeleteInstances(DescValueMonitor::mpInstanceTab);
+}
 
 // Monitors outlive the entities, whose destructors ask them; outputs outlive the entities, whose last values
 // they take; everything needs the classes.
 void DeleteAll() {
+  DeleteEntitySpecs();
   DeleteEntityInstances();
   DeleteMonitors();
+  DeleteParameters();
+  DeleteFileInstances();
   if (pCurrentSim != nullptr) Delete(pCurrentSim);
   pCurrentSim = nullptr;
   MemoryReport(0);

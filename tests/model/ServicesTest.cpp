@@ -218,6 +218,8 @@ BasicEntity* KeepAll(MonitorMethod* /*method*/) { return nullptr; }
 class TeardownTest : public ModelTest {
  protected:
   TeardownTest() {
+    monitor.reset();
+    before = Alive(OutputOf([] { MemoryReport(); }));
     (new StructureMonitor("first"))->AssignWhenRemoveElementMethod(KeepAll);
     pCurrentSim = new Simulation();
     Thing* const farm = NewFarm();
@@ -236,8 +238,21 @@ class TeardownTest : public ModelTest {
     new DiscreteProcess(21, "idle");
     pCurrentSim->Clock(12);
     StructureMonitor::mpInstanceTab.push_back(nullptr);
-    monitor.release();
   }
+
+  /// Constructions less destructions in each line of a report.
+  static std::vector<int> Alive(const std::string& report) {
+    std::vector<int> alive;
+    for (std::size_t at = 0; (at = report.find(" : ", at)) != std::string::npos; at += 3) {
+      int constructions = 0;
+      int destructions = -1;
+      std::sscanf(report.c_str() + at + 3, "%d %d", &constructions, &destructions);
+      alive.push_back(constructions - destructions);
+    }
+    return alive;
+  }
+
+  std::vector<int> before;  // other tests may have left something
 };
 
 TEST_F(TeardownTest, NothingIsLeftAndTheCountersAgree) {
@@ -259,15 +274,8 @@ TEST_F(TeardownTest, TheReportComesOnceEverythingButTheClassesIsGone) {
     g_KV_MemoryReportMode = 1;
     DeleteAll();
   });
-  int lines = 0;
-  for (std::size_t at = 0; (at = report.find(" : ", at)) != std::string::npos; ++lines) {
-    int constructions = 0;
-    int destructions = -1;
-    std::sscanf(report.c_str() + at + 3, "%d %d", &constructions, &destructions);
-    EXPECT_EQ(constructions, destructions) << report;
-    at += 3;
-  }
-  EXPECT_GE(lines, 9);
+  EXPECT_EQ(before.size(), 15U);
+  EXPECT_EQ(Alive(report), before) << report;
   EXPECT_EQ(report.find("\nnb const/dest Entity            :    11 11\n"), 0U) << report;
   DeleteAll();
 }

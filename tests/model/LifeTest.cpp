@@ -177,7 +177,7 @@ TEST_F(LifeTest, ADeadElementHeldByAMonitorIsPassedOver) {
     DeleteEntity(cow);
   });
   EXPECT_NE(report.find("'Cow_2'"), std::string::npos);
-  DeleteEntity(cow);
+  Bury(cow);
   EXPECT_EQ(herd->GetNumberOfElements(), 2);
   EXPECT_EQ(herd->GetNamedElement("Cow_2"), nullptr);
   EXPECT_EQ(herd->GetClassNamedElement("Bull"), bull);
@@ -201,7 +201,7 @@ TEST_F(LifeTest, LinksOfOneSideOutliveTheirPartnersUnharmed) {
   Thing* const right = NewFarm();
   left->AddComponent(cow);
   cow->SetSuperEntity(right);  // the left farm keeps its slot
-  DeleteEntity(cow);
+  Bury(cow);
   EXPECT_EQ(left->GetComponent(ANIMAL, 0), nullptr);
   left->AddComponent(NewCow());
   left->DeleteInDepth();

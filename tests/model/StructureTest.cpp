@@ -240,7 +240,6 @@ TEST_F(StructureTest, LinksFollowANaiveModelThroughRandomOperations) {
   for (int i = 0; i < 4; ++i) sets.push_back(NewHerd());
   for (int i = 0; i < 6; ++i) cows.push_back(NewCow());
   NaiveLinks naive;
-  std::vector<void*> graves;
   for (int step = 0; step < 4000; ++step) {
     const int s = below(sets.size());
     const int e = below(cows.size());
@@ -292,9 +291,7 @@ TEST_F(StructureTest, LinksFollowANaiveModelThroughRandomOperations) {
         NaiveLinks::Drop(naive.elements[s], e);
         break;
       case 10:
-        // Its memory stays taken: at a dead entity's address a new one would answer to the stale links.
-        static_cast<Entity&>(cow).~Entity();
-        graves.push_back(&cow);
+        Bury(&cow);
         for (const int held : std::vector<int>(naive.superSets[e])) NaiveLinks::Drop(naive.elements[held], e);
         naive.superSets[e].clear();
         // Links that only a set knows stay there, and mean nothing.
@@ -329,7 +326,6 @@ TEST_F(StructureTest, LinksFollowANaiveModelThroughRandomOperations) {
       }
     }
   }
-  for (void* grave : graves) ::operator delete(grave);
 }
 
 // Components

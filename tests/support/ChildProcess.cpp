@@ -11,7 +11,10 @@
 
 namespace {
 
+bool isChild = false;
+
 [[noreturn]] void BeTheChild(const std::function<void()>& body, const int (&in)[2], const int (&out)[2]) {
+  isChild = true;
   dup2(in[0], STDIN_FILENO);
   dup2(out[1], STDOUT_FILENO);
   for (int end : {in[0], in[1], out[0], out[1]}) close(end);
@@ -33,6 +36,8 @@ void Feed(int end, const std::string& input) {
 }
 
 }  // namespace
+
+bool IsChildProcess() { return isChild; }
 
 ChildOutcome RunInChild(const std::function<void()>& body, const std::string& input) {
   std::cout.flush();

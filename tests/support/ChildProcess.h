@@ -16,6 +16,9 @@ struct ChildOutcome {
 /// from a failure, whose status is 0.
 ChildOutcome RunInChild(const std::function<void()>& body, const std::string& input = "");
 
+/// True in a child of RunInChild, which may end as it likes.
+bool IsChildProcess();
+
 inline constexpr int bodyReturned = 7;
 
 /// What `body` printed; the calling test fails when it did not return.

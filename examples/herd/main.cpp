@@ -8,15 +8,23 @@
 
 namespace {
 
-/// What can happen to this herd, by the names that the directive file uses.
+/// What can happen to this herd, by the names that the directive file uses: an event and its only process.
 constexpr std::array<const char*, 9> eventNames = {"turnout",       "nightsOut",   "haymaking",
                                                    "deworming",     "inspection",  "calving",
                                                    "paddockChange", "milkControl", "dryingOff"};
 
 Event* NewHerdEvent(const char* name) {
-  for (const char* known : eventNames)
-    if (std::strcmp(known, name) == 0) return new Event(known);
+  for (const char* known : eventNames) {
+    if (std::strcmp(known, name) != 0) continue;
+    Event* event = new Event(known);
+    event->AddProcessAction(new DiscreteProcess(0, known), EXEC);
+    return event;
+  }
   return nullptr;
+}
+
+Process* NewHerdProcess(const char* name) {
+  return std::strcmp(name, "housing") == 0 ? new DiscreteProcess(0, "housing") : nullptr;
 }
 
 /// A line for each entity, its parts below it.
@@ -35,6 +43,7 @@ int main(int argc, char** argv) {
   InstallHerdClasses();
   Assign_App_NewEntityFromStringFunction(NewHerdEntity);
   Assign_App_NewEventFromStringFunction(NewHerdEvent);
+  Assign_App_NewProcessFromStringFunction(NewHerdProcess);
   pCurrentSim = new Simulation();
   ParseParameterFile(argv[1]);
   ParseSimulationFile(argv[2]);

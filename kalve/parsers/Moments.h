@@ -22,6 +22,13 @@ struct Moment {
   Position where = {};
 };
 
+/// A number of ticks of the clock or, with a unit, of units.
+struct Duration {
+  int number = 0;
+  std::optional<TimeUnit> unit = {};
+  Position where = {};
+};
+
 /// From 00:00:00 to 23:59:59.
 TimeOfDay CheckedTime(const Position& where, int hour, int minute, int second);
 /// A day of the calendar. The year is kept as written, from 0 to 9999; -9 without one.
@@ -35,3 +42,6 @@ TimeUnit CheckedUnit(const Position& where, const std::string& unit);
 int ClockOfDate(const Position& where, const Date& date);
 /// Clock of any moment, under the same conditions.
 int ClockOf(const Moment& moment);
+/// Ticks of a duration of at least 1, which must be whole; `word` introduces it in the file. A unit asks the
+/// simulation for a clock unit.
+int TicksOf(const Duration& duration, const char* word);

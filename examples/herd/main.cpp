@@ -8,23 +8,28 @@
 
 namespace {
 
-/// What can happen to this herd, by the names that the directive file uses: an event and its only process.
+// What can happen to this herd, and what is done then, by the names that the directive file uses.
 constexpr std::array<const char*, 9> eventNames = {"turnout",       "nightsOut",   "haymaking",
                                                    "deworming",     "inspection",  "calving",
                                                    "paddockChange", "milkControl", "dryingOff"};
+constexpr std::array<const char*, 9> processNames = {"openGate", "closeGate", "walkFences", "moveHerd", "mow",
+                                                     "deworm",   "birth",     "sampleMilk", "dryOff"};
 
-Event* NewHerdEvent(const char* name) {
-  for (const char* known : eventNames) {
-    if (std::strcmp(known, name) != 0) continue;
-    Event* event = new Event(known);
-    event->AddProcessAction(new DiscreteProcess(0, known), EXEC);
-    return event;
-  }
+/// An object of the known class, else null.
+template <class Made>
+Made* NewOf(const auto& knownNames, const char* name, Made* (*make)(const char* name)) {
+  for (const char* known : knownNames)
+    if (std::strcmp(known, name) == 0) return make(known);
   return nullptr;
 }
 
+Event* NewHerdEvent(const char* name) {
+  return NewOf<Event>(eventNames, name, [](const char* known) { return new Event(known); });
+}
+
 Process* NewHerdProcess(const char* name) {
-  return std::strcmp(name, "housing") == 0 ? new DiscreteProcess(0, "housing") : nullptr;
+  return NewOf<Process>(processNames, name,
+                        [](const char* known) -> Process* { return new DiscreteProcess(0, known); });
 }
 
 /// A line for each entity, its parts below it.

@@ -163,12 +163,16 @@ int SymbolOf(const std::string& className) {
 
 /// Nothing but texts, which are names where entities stand, and classes that there are.
 void CheckTexts(const ValueCondition& condition, ValueTypeId type) {
-  for (const SelectedValue& value : condition.values)
-    if (value.kind == Kind::interval || value.low.type != STRING ||
-        (value.kind == Kind::classOfEntities && type != P_ENTITY))
+  for (const SelectedValue& value : condition.values) {
+    const bool isClass = value.kind == Kind::classOfEntities;
+    if (value.kind == Kind::interval || value.low.type != STRING || (isClass && type != P_ENTITY))
       FaultInFile(value.where,
                   Text("le descripteur %s, de type %s, demande des %s", Quoted(condition.descriptor).c_str(),
                        TypeWord(type), type == P_ENTITY ? "noms d'entités, ou CLASS et un nom" : "textes"));
+    if (!isClass || GetMetaClass(SymbolOf(value.low.text)) != nullptr) continue;
+    AnnounceFault(value.where, "CLASS " + Quoted(value.low.text) + " : classe d'entité inconnue");
+    UnknownClassName("GetClassSymbol", value.low.text.c_str());
+  }
 }
 
 DescValueSpec* Texts(const ValueCondition& condition, int id) {

@@ -154,7 +154,7 @@ TEST_F(StructureFileTest, SaysWhatIsWrong) {
        "PARAM 'Herd' 'heads' : seul un texte prend un itérateur"},
       {"FOR i = 1 TO 2 {\nSPEC all OF Cow; }", 2, "SPEC ne peut pas se trouver dans une boucle FOR"},
       {"SPEC bulls OF Bull;\nENTITY Bull { anInt = SPEC bulls; }", 2,
-       "descripteur 'anInt'\n!!! Affectation d'une valeur 'spécification d'entités' à un descripteur"},
+       "descripteur 'anInt'\n!!! Affectation d'une valeur 'spécification d'entités' à un descripteur d'un autre type !!!"},
       {deepLoops, 101, "plus de 100 boucles FOR imbriquées"},
       {"ENTITY Bull {\naText = 12; }", 2,
        "descripteur 'aText'\n!!! Affectation d'une valeur entière à un descripteur non numérique"

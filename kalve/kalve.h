@@ -51,6 +51,7 @@
 #include "kalve/model/DescribedAccess.h"
 #include "kalve/model/DescriptedEntity.h"
 #include "kalve/model/Entity.h"
+#include "kalve/model/LinkTable.h"
 #include "kalve/model/MetaClass.h"
 #include "kalve/model/ValueRows.h"
 #include "kalve/monitors/DescValueMonitor.h"

@@ -546,7 +546,8 @@ TEST_F(EntitySpecTest, WrongIndexesAndInstancesEndTheRun) {
       {"InexistantInstance",
        [] {
          EntitySpec spec;
-         K_InstallMetaClasses();
+         DeleteEntityClasses();
+         K_InstallMetaClasses();  // forgets the registry
        }},
       {"'EntitySpec::RemoveInstance'",
        [] {

@@ -155,6 +155,8 @@ void EntitySpec::AssignQuantityEvaluator(Evaluator body) {
 
 void EntitySpec::AddMethod(Method* method) {
   if (method->ObjectClass() != KV_ENTITYSPEC) return;
+  if (method->ClassSymbol() < 0)
+    FailOnIndex("EntitySpec::AddMethod", mMethods.Ranks().size(), method->ClassSymbol());
   mMethods.Add(method);
   static_cast<EntitySpecMethod*>(method)->DescribedEntitySpec(this);
 }

@@ -17,6 +17,10 @@ class Bull : public Entity {
  public:
   Bull() {
     AddAllValues(*this);
+    static_cast<IntVariableDescriptor*>(GetDescriptor("anInt"))->SetSubDomain(0, 50);
+    static_cast<FloatConstantDescriptor*>(GetDescriptor("aFloat"))->SetSubDomain(-10.0F, 20.0F);
+    static_cast<EntityConstantDescriptor*>(GetDescriptor("anEntity"))->ValueClassId(COW);
+    static_cast<EntityTabVariableDescriptor*>(GetDescriptor("someEntities"))->ValueClassId(KV_ENTITY);
     AddMethod(new EntityPredicate(READY, "isReady"));
     SetMetaClass(BULL);
     AddInstanceToClass();
@@ -194,6 +198,18 @@ TEST_F(StructureFileTest, SaysWhatIsWrong) {
       {"ENTITY Bull {\naText = 12; }", 2,
        "descripteur 'aText'\n!!! Affectation d'une valeur entière à un descripteur non numérique"
        "\n    ou qui n'existe pas !!!"},
+      {"ENTITY Bull {\nanInt = \"Bob\"; }", 2,
+       "descripteur 'anInt'\n!!! Affectation d'une chaîne à un descripteur non String !!!"},
+      {"ENTITY Bull {\nsomeInts = 3; }", 2,
+       "descripteur 'someInts'\n!!! Affectation d'une valeur entière à un descripteur non numérique"
+       "\n    ou qui n'existe pas !!!"},
+      {"ENTITY Bull {\n\nlegs = 4.5; }", 3,
+       "descripteur 'legs'\n!!! Affectation d'une valeur réelle à un descripteur non numérique"
+       "\n    ou qui n'existe pas !!!"},
+      {"ENTITY Bull {\nlegs = \"four\"; }", 2,
+       "descripteur 'legs'\n!!! Affectation d'une chaîne à un descripteur non String !!!"},
+      {"ENTITY Bull {\nlegs += 4; }", 2,
+       "descripteur 'legs'\n!!! Ajout d'une valeur entière à un descripteur d'un autre type que INT_TAB !!!"},
       {"ENTITY Bull {\nFOR i = 5 TO 6 {\n  FOR j = 2 TO 9 { }\n  anEntity = \"Bob\"; } }", 4,
        "descripteur 'anEntity' (boucle FOR de la ligne 2, i = 5)"
        "\n!!! Affectation d'une chaîne à un descripteur non String !!!"},
@@ -244,6 +260,15 @@ TEST_F(StructureFileTest, EndsInTheFailureMadeForTheFault) {
       {"ENTITY Cow cow;\nREF bull;", 2,
        "REF 'bull' : aucune entité ne porte ce nom\n!!!============== UnfoundEntityBasedOnInstanceName "
        "=============="},
+      {"ENTITY Bull {\nanInt = 51; }", 2,
+       "descripteur 'anInt'\n!!!============== OutOfIntDomain =============="},
+      {"ENTITY Bull {\nFOR i = 50 TO 60\n{\nanInt = i; } }", 4,
+       "descripteur 'anInt' (boucle FOR de la ligne 2, i = 51)"
+       "\n!!!============== OutOfIntDomain =============="},
+      {"ENTITY Bull {\naFloat = 20.1; }", 2,
+       "descripteur 'aFloat'\n!!!============== OutOfFloatDomain =============="},
+      {"ENTITY Bull {\nanEntity = NEW Udder; }", 2,
+       "descripteur 'anEntity'\n!!!============== OutOfEntityDomain =============="},
       {"ENTITY Bull {\naDomain += [5, 4]; }", 2,
        "descripteur 'aDomain'\n!!!============== BadIntervalBounds =============="},
       {"ENTITY Bull {\nBODY isTired = TRUE; }", 2,

@@ -542,6 +542,7 @@ TEST_F(EntitySpecTest, WrongIndexesAndInstancesEndTheRun) {
       {"'EntitySpec::ExecIntCoreMethod'", [] { EntitySpec().ExecIntCoreMethod(0); }},
       {"'EntitySpec::ExecEntityCoreMethod'", [] { EntitySpec().ExecEntityCoreMethod(55); }},
       {"'EntitySpec::ExecEntityTabCoreMethod'", [] { EntitySpec().ExecEntityTabCoreMethod(55); }},
+      {"'EntitySpec::AddMethod'", [] { EntitySpec().AddMethod(new IntEntitySpecMethod()); }},
       {"'EntitySpec::GetInstance'", [] { EntitySpec::GetInstance(0); }},
       {"InexistantInstance",
        [] {

@@ -77,8 +77,6 @@ Process* Process::GetInstance(int rank) {
   }
 }
 
-void Process::ClassName(const char* name) { mClassName = name; }
-
 void Process::SetInstanceName(const char* name, int number) {
   mInstanceName = ComposeInstanceName(name, number);
 }

@@ -249,6 +249,8 @@ class BasicEntity {
   EntityInstanceOS* GetEntityInstanceOS() const { return mpEntityInstanceOS; }
   /// Puts the entity under the output specifications of its class. BasicEntityOutputs.cpp
   void EquipForOSAccount();
+  /// Takes the entity and its descriptors from their record, which is about to go. BasicEntityOutputs.cpp
+  void LeaveOutputs();
   /// For applications; the kernel does not read it.
   void SetOutputFile(OutputFile* file) { mpOutputFile = file; }
   OutputFile* GetOutputFile() const { return mpOutputFile; }
@@ -325,6 +327,7 @@ class BasicEntity {
   void TakeNewElement(BasicEntity* element);
 
   // Records of outputs: BasicEntityOutputs.cpp
+  void ComeUnder(EntityOutputSpec& spec);
   void GiveElementItem(BasicEntity* element);
   void GiveComponentItem(BasicEntity* component, int number);
   void TellNameToOutputs();

@@ -11,7 +11,7 @@ std::string Statement(const std::string& className, const std::string& name) {
 
 }  // namespace
 
-GivenValue GivenParameter(const Position& where, const std::string& className, const std::string& name) {
+GivenValue ParameterValue(const Position& where, const std::string& className, const std::string& name) {
   const Parameter* parameter = nullptr;
   {
     const FailureContext context([&] { AnnounceFault(where, Statement(className, name)); });
@@ -29,16 +29,16 @@ GivenValue GivenParameter(const Position& where, const std::string& className, c
   }
 }
 
-GivenValue GivenIteratedText(const Position& where, const std::string& className, const std::string& name,
-                             const std::string& iterator) {
-  GivenValue value = GivenParameter(where, className, name);
+GivenValue IteratedParameterText(const Position& where, const std::string& className, const std::string& name,
+                                 const std::string& iterator) {
+  GivenValue value = ParameterValue(where, className, name);
   if (value.type != STRING)
     FaultInFile(where, Statement(className, name) + " : seul un texte prend un itérateur");
   value.iterator = iterator;
   return value;
 }
 
-int GivenIntParameter(const Position& where, const std::string& className, const std::string& name) {
+int IntParameterValue(const Position& where, const std::string& className, const std::string& name) {
   const FailureContext context([&] { AnnounceFault(where, Statement(className, name)); });
   return GetIntParameterValue(className.c_str(), name.c_str());
 }

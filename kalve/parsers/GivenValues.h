@@ -22,9 +22,9 @@ struct GivenValue {
 };
 
 /// The value of a system parameter: INT, DOUBLE or STRING. InexistantParameter; a date is a fault.
-GivenValue GivenParameter(const Position& where, const std::string& className, const std::string& name);
+GivenValue ParameterValue(const Position& where, const std::string& className, const std::string& name);
 /// The same with an iterator behind it, which only a text takes.
-GivenValue GivenIteratedText(const Position& where, const std::string& className, const std::string& name,
-                             const std::string& iterator);
+GivenValue IteratedParameterText(const Position& where, const std::string& className, const std::string& name,
+                                 const std::string& iterator);
 /// InexistantTypedParameter.
-int GivenIntParameter(const Position& where, const std::string& className, const std::string& name);
+int IntParameterValue(const Position& where, const std::string& className, const std::string& name);

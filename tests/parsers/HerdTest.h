@@ -17,6 +17,10 @@ class Bull : public Entity {
  public:
   Bull() {
     AddAllValues(*this);
+    static_cast<IntVariableDescriptor*>(GetDescriptor("anInt"))->SetSubDomain(0, 50);
+    static_cast<FloatConstantDescriptor*>(GetDescriptor("aFloat"))->SetSubDomain(-10.0F, 20.0F);
+    static_cast<EntityConstantDescriptor*>(GetDescriptor("anEntity"))->ValueClassId(COW);
+    static_cast<EntityTabVariableDescriptor*>(GetDescriptor("someEntities"))->ValueClassId(KV_ENTITY);
     AddMethod(new EntityPredicate(READY, "isReady"));
     SetMetaClass(BULL);
     AddInstanceToClass();

@@ -19,13 +19,14 @@ class SelectionsTest : public HerdTest {
     Assign_App_NewDescValueSpecFromStringFunction(nullptr);
   }
 
-  /// bull1 to bull9: anInt 1 to 9, aFloat and aDouble half of it, aText "b1" to "b9"; of bull1 a mate.
+  /// bull1 to bull9: anInt 1 to 9, aFloat and aDouble half of it, aText "b1" to "b9"; of bull1 and bull3 a
+  /// mate.
   void ReadBulls() {
     Read(ParseStructureFile,
-         "ENTITY Cow hortense; ENTITY Udder udder;\n"
-         "FOR b = 1 TO 9 { ENTITY Bull bull[b] { anInt = b; aText = \"b\" b; anEntity = NEW Cow; } }\n"
+         "ENTITY Cow hortense;\n"
+         "FOR b = 1 TO 9 { ENTITY Bull bull[b] { anInt = b; aText = \"b\" b; } }\n"
          "REF bull1 { aFloat = 0.5; aDouble = 0.5; }\n"
-         "REF bull3 { aFloat = 1.5; aDouble = 1.5; anEntity = NEW Udder; }\n");
+         "REF bull3 { aFloat = 1.5; aDouble = 1.5; anEntity = NEW Cow; }\n");
     GetNamedEntity("bull1")->SetEntityValue(24, GetNamedEntity("hortense"));
   }
 };
@@ -45,8 +46,9 @@ TEST_F(SelectionsTest, SelectsByConditions) {
       {"WHERE aText IN \"b9\", b4, PARAM Herd breed;", "bull4 bull7 bull9 "},
       {"WHERE STRING \"aText\" NOT_IN b1, b2, b3, b4, b5, b6; NFIRST 1;", "bull7 "},
       {"WHERE anEntity IN hortense;", "bull1 "},
-      {"WHERE ENTITY anEntity NOT_IN CLASS Cow, CLASS Farm;", "bull3 "},
-      {"WHERE anEntity IN CLASS \"Udder\";", "bull3 "},
+      {"WHERE ENTITY anEntity NOT_IN CLASS Cow, CLASS Farm; NFIRST 1;", "bull2 "},
+      {"WHERE anEntity IN CLASS Farm, CLASS \"Cow\";", "bull1 bull3 "},
+      {"WHERE anEntity IN CLASS Udder;", ""},
       {"WHERE DOUBLE A_DOUBLE IN 1.5;", "bull3 "},
   };
   SetParameter(DOUBLE, "intake", {.doubleValue = 16.5});

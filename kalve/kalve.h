@@ -11,6 +11,7 @@
 #include "kalve/descriptors/TableValue.h"
 #include "kalve/descriptors/VisitDescriptor.h"
 #include "kalve/designs/DesignOfExperiment.h"
+#include "kalve/engine/DataReading.h"
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/Chronometer.h"

@@ -6,7 +6,7 @@
 #include "kalve/foundations/Forward.h"
 
 /// Simulation parameters: clock unit, dates, directories of pCurrentSim (SimulationNotYetCreated without
-/// one).
+/// one); data files.
 void Simu_Parser(LexicalInputFile* file);
 void Param_Parser(LexicalInputFile* file);
 /// Entities with their links, values and bodies (SimulationNotYetCreated without pCurrentSim).

@@ -11,6 +11,7 @@
 #include "kalve/descriptors/VisitDescriptor.h"
 #include "kalve/designs/DesignOfExperiment.h"
 #include "kalve/engine/ContinuousProcess.h"
+#include "kalve/engine/DataReading.h"
 #include "kalve/engine/DiscreteProcess.h"
 #include "kalve/engine/EngineLookups.h"
 #include "kalve/engine/Event.h"

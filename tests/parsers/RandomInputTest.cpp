@@ -2,6 +2,7 @@
 #include "kalve/engine/ContinuousProcess.h"
 #include "kalve/engine/DiscreteProcess.h"
 #include "kalve/inputs/ParserFunction.h"
+#include "kalve/inputs/SequentialDataFile.h"
 #include "kalve/model/ApplicationHooks.h"
 #include "tests/parsers/RandomInput.h"
 
@@ -12,6 +13,7 @@ namespace {
 
 constexpr const char* simulationExample =
     "# a season\nINCLUDE \"part\";\nIN_DIR data/; OUT_DIR \"res ults/\";\nCLOCK 1 DAY;\n"
+    "DATA_FILE Weather { NAME weather.txt; COMMENTS 2; KEY \"%d\"; DATA \"%f\"; }\nDATA_FILE 7 { FILE x; }\n"
     "BEGIN 1 JAN 2008 00:00;\nEND 31 DEC 2008 23:59:59;\nEND CLOCK 365;\nBEGIN TODAY 06:30;\n";
 constexpr const char* directiveExample =
     "EVENT event NAME \"turn\\\"out\" AT 10 AVR 2008 PRIORITY 10 { INCLUDE \"part\"; PROCESS milking EXEC; }\n"
@@ -38,8 +40,17 @@ class RandomInputTest : public RandomInput {
       if (std::string(name) == "grazing") return new ContinuousProcess(0, name);
       return std::string(name) == "milking" ? new DiscreteProcess(0, name) : nullptr;
     });
+    Assign_App_NewSerialDataFileFromStringFunction(
+        [](const char*) -> SerialDataFile* { return new SequentialDataFile(40, READ_ACCESS, OM_APPEND); });
+    Assign_App_NewSerialDataFileFromIdFunction([](int symbol) -> SerialDataFile* {
+      return symbol == 7 ? new SequentialDataFile(7, READ_ACCESS, OM_APPEND) : nullptr;
+    });
   }
-  ~RandomInputTest() override { Assign_App_NewProcessFromStringFunction(nullptr); }
+  ~RandomInputTest() override {
+    Assign_App_NewProcessFromStringFunction(nullptr);
+    Assign_App_NewSerialDataFileFromStringFunction(nullptr);
+    Assign_App_NewSerialDataFileFromIdFunction(nullptr);
+  }
 };
 
 TEST_F(RandomInputTest, MutatedFilesEndInOrder) {

@@ -77,10 +77,12 @@ void Obsolescence(const char* what, const char* since) {
                 "\n!!! '%s' est une obsolescence depuis %s.", what, since);
 }
 
-void OverSpecificationOnParentClass(const char* className, const char* parentClassName) {
+void OverSpecificationOnParentClass(const char* className, const char* relatedClassName) {
   ReportFailure("\n!!!============== OverSpecificationOnParentClass ==============",
-                "\n!!! La classe '%s' est spécifiée alors que sa classe parente '%s' l'est déjà.", className,
-                parentClassName);
+                "\n!!! Tentative de spécification de sortie sur la classe '%s'"
+                "\n    alors qu'une spécification sur la classe aparentée '%s'"
+                "\n    a déjà été faite.!!!",
+                className, relatedClassName);
 }
 
 void InexistantInstance(const char* operation) {

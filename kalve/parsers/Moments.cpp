@@ -15,11 +15,13 @@ int DaysOfMonth(int month, int year) {
   return month == 2 && isLeap ? 29 : days[month - 1];
 }
 
-/// Years of two digits are of this century; a 29 February without a year waits for the year.
+/// Years of two digits are of this century.
+int FullYear(int written) { return written <= 99 ? written + 2000 : written; }
+
+/// A 29 February without a year waits for the year.
 void CheckDay(const Position& where, int day, int month, std::optional<int> year) {
-  const int written = year.value_or(0);
-  const int fullYear = written <= 99 ? written + 2000 : written;
-  if (day >= 1 && day <= DaysOfMonth(month, fullYear)) return;
+  constexpr int leapYear = 2000;
+  if (day >= 1 && day <= DaysOfMonth(month, year.value_or(leapYear))) return;
   const std::string shownYear = year ? Text(" %d", *year) : std::string();
   FaultInFile(where, Text("le jour %d %s%s n'existe pas", day, MonthToChar(month), shownYear.c_str()));
 }
@@ -63,6 +65,7 @@ Date CheckedDate(const Position& where, int day, const std::string& month, std::
   const int number = CheckedMonth(where, month);
   if (year && (*year < 0 || *year > 9999))
     FaultInFile(where, Text("l'année %d n'est pas comprise entre 0 et 9999", *year));
+  if (year) year = FullYear(*year);
   CheckDay(where, day, number, year);
   return {year.value_or(K_INT_UNSIGNIFICANT), number, day, time.hour, time.minute, time.second};
 }

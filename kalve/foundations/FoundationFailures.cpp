@@ -80,8 +80,7 @@ void Obsolescence(const char* what, const char* since) {
 void OverSpecificationOnParentClass(const char* className, const char* relatedClassName) {
   ReportFailure("\n!!!============== OverSpecificationOnParentClass ==============",
                 "\n!!! Tentative de spécification de sortie sur la classe '%s'"
-                "\n    alors qu'une spécification sur la classe aparentée '%s'"
-                "\n    a déjà été faite.!!!",
+                "\n    alors qu'une spécification sur la classe aparentée '%s'\n    a déjà été faite.!!!",
                 className, relatedClassName);
 }
 

@@ -74,8 +74,9 @@ TEST_F(DirectiveFileTest, PostsEventsByDateAndPriority) {
        "EVENT event NAME turnout AT 10 AVR 2008 PRIORITY 10 { PROCESS openGate EXEC; }\n"
        "EVENT \"milking\" PRIORITY 5 AT CLOCK 9 { PROCESS milking EXEC; }  # the same day\n"
        "EVENT event AT 15 \"NOV\" 12:00 { PROCESS milking EXEC; }\n"
+       "EVENT calving AT 29 FEV 12;\n"
        "EVENT calving AT CLOCK 0;\n");
-  EXPECT_EQ(Agenda(), "calving 0 99, milking 9 5, turnout 9 10, event 228 99, ");
+  EXPECT_EQ(Agenda(), "calving 0 99, milking 9 5, turnout 9 10, event 228 99, calving 1429 99, ");
 }
 
 TEST_F(DirectiveFileTest, GivesAPlainEventItsNameAsClassToo) {

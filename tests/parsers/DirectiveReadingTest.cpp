@@ -67,14 +67,10 @@ class DirectiveReadingTest : public HerdTest {
     folder.Write("rain \xC3\xA9t\xC3\xA9.txt", "12\n0\n7\n");
   }
   ~DirectiveReadingTest() override {
-    for (int rank = File::mpInstanceTab.size(); rank-- > 0;) DeleteFile(File::mpInstanceTab[rank]);
+    DeleteFileInstances();
     Assign_App_NewProcessFromStringFunction(nullptr);
     Assign_App_NewSerialDataFileFromIdFunction(nullptr);
     Assign_App_SerialDataFileIdFromStringFunction(nullptr);
-  }
-  static void DeleteFile(File* file) {
-    if (file->ClassType() == SEQUENTIAL_DATA_FILE) delete static_cast<SequentialDataFile*>(file);
-    if (file->ClassType() == FACTUAL_DATA_FILE) delete static_cast<FactualDataFile*>(file);
   }
 
   void RunToTheEnd() {

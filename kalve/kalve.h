@@ -13,6 +13,7 @@
 #include "kalve/designs/DesignOfExperiment.h"
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
+#include "kalve/engine/Words.h"
 #include "kalve/foundations/Chronometer.h"
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/CoreSimTime.h"

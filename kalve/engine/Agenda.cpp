@@ -133,6 +133,7 @@ int Simulation::DelayInAgendaEvents(Event* event, int delay) {
 Event* Simulation::DepileAgendaEvents() {
   mCurrentlyPoppedEvent = mAgendaEvents.front();
   FreeCell(mAgendaEvents.HeadCell());
+  mCurrentlyPoppedEvent->RecordPop();
   return mCurrentlyPoppedEvent;
 }
 

@@ -54,6 +54,8 @@ class ContinuousProcess : public Process {
   int ToBeStopped() const { return mToBeStopped; }
   /// 1 also marks the process for deletion and records its end.
   void ToBeStopped(int flag);
+  /// Notes the end at the present clock in the output specification, if there is one. EventOutputs.cpp
+  void RecordStop();
 
   static int getNbConst() { return _nbConst; }
   static int getNbDest() { return _nbDest; }

@@ -15,8 +15,6 @@ void Event::AddInstance(int classSymbol, const char* className) {
   SetInstanceName(mClassName, mThisInstanceNumber);
 }
 
-void Event::ClassName(const char* name) { mClassName = name; }
-
 void Event::SetInstanceName(const char* name, int number) {
   mInstanceName = ComposeInstanceName(name, number);
 }

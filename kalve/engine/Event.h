@@ -170,9 +170,14 @@ class Event {
   /// Non-zero when a successor was made (NextEvent).
   int GenerateNextEventCore();
 
-  // Recording and suspension marks
+  // Recording: EventOutputs.cpp
   int IsRecorded() const { return mIsRecorded; }
+  /// The specification in charge of the class, found when the event got its class name; null without one.
   EventOutputSpec* GetOutputSpec() const { return mOutputSpec; }
+  /// Notes an occurrence at the event's own date there; nothing when there is none.
+  void RecordPop() const;
+
+  // Suspension marks
   int GetIsPoppingToSuspend() const { return mIsPoppingToSuspend; }
   void SetIsPoppingToSuspend(int flag) { mIsPoppingToSuspend = flag; }
   int GetIsPoppingToResume() const { return mIsPoppingToResume; }

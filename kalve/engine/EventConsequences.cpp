@@ -75,10 +75,12 @@ ContinuousProcess* AsContinuous(Process* process) {
 
 void Event::ApplyExec(Process* process, int clock, Event*& result, int& inserted) {
   const int go = Precondition(process);
-  if (go >= 1)
+  if (go >= 1) {
+    process->RecordStart(clock);
     process->ExecVoidCoreMethod(EXEC_PROCESS);
-  else if (go == 0)
+  } else if (go == 0) {
     Postpone(process, clock, result, inserted);
+  }
   process->ToBeDeleted(1);
 }
 
@@ -94,6 +96,7 @@ void Event::ApplyInit(Process* process, int clock, Event*& result, int& inserted
     inserted = pCurrentSim->InsertInAgendaEvents(stop);
     return;
   }
+  process->RecordStart(clock);
   auto* continuous = static_cast<ContinuousProcess*>(process);
   Method* initialize = process->GetMethod(INITIALIZE_PROCESS);
   if (initialize == nullptr) InexistantInitializationMethod(continuous);
@@ -104,6 +107,7 @@ void Event::ApplyInit(Process* process, int clock, Event*& result, int& inserted
 void Event::ApplyStop(Process* process) {
   ContinuousProcess* continuous = AsContinuous(process);
   if (continuous == nullptr) UnAuthorizedDirective(process, "STOP");
+  continuous->RecordStop();
   Method* stop = process->GetMethod(STOP_PROCESS);
   if (stop == nullptr) InexistantStopMethod(continuous);
   static_cast<ProcessMethod*>(stop)->Call<void>();

@@ -91,7 +91,12 @@ class Process {
   void ToBeDeleted(int flag) { mToBeDeleted = flag; }
   int IsRecorded() const { return mIsRecorded; }
   void IsRecorded(int flag) { mIsRecorded = flag; }
+  // EventOutputs.cpp
+  /// The specification in charge of the class, found when the process got its class name; null without one.
   ProcessOutputSpec* GetOutputSpec() const { return mOutputSpec; }
+  /// Notes a start there, with the processed entity, whose name is empty when there is none; nothing without
+  /// a specification.
+  void RecordStart(int clock);
 
   // Methods. An id without method is reported (TabIndexOutOfRange), and null, 0 or nothing follows.
   /// Ignores methods that are not for processes.

@@ -53,5 +53,7 @@ int ContinuousProcess::CheckForInterruption(int nextClock, Event* event) {
 
 void ContinuousProcess::ToBeStopped(int flag) {
   mToBeStopped = flag;
-  if (flag == 1) ToBeDeleted(1);
+  if (flag != 1) return;
+  ToBeDeleted(1);
+  RecordStop();
 }

@@ -1,6 +1,7 @@
 #include "kalve/foundations/CoreSimTime.h"
 
 #include <algorithm>
+#include <charconv>
 #include <iostream>
 #include <limits>
 #include <memory>
@@ -182,16 +183,30 @@ std::string Padded(int number) { return TwoDigitPadding(number) + std::to_string
 }  // namespace
 
 void PrintDateFromClock(FILE* file, int clock, TimeType format) {
+  std::string text;
+  AppendDateFromClock(text, clock, format);
+  std::fputs(text.c_str(), file);
+}
+
+void AppendDateFromClock(std::string& text, int clock, TimeType format) {
   if (clock < 0) {
-    std::fputs("\tNot a Date", file);
+    text += "\tNot a Date";
     return;
   }
   const std::tm time = TmForFormat(clock, format);
-  const auto columns = [file](int a, int b, int c) { std::fprintf(file, "\t%d\t%d\t%d", a, b, c); };
+  const auto column = [&text](int number) {
+    char digits[12];
+    text += '\t';
+    text.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
+  };
+  const auto columns = [&column](int a, int b, int c) {
+    column(a);
+    column(b);
+    column(c);
+  };
   switch (format) {
     case CLOCK:
-      std::fprintf(file, "\t%d", clock);
-      return;
+      return column(clock);
     case MIN_HOUR_YEARDAY:
       return columns(time.tm_min, time.tm_hour, time.tm_yday + 1);
     case YEARDAY_HOUR_MIN:
@@ -203,7 +218,7 @@ void PrintDateFromClock(FILE* file, int clock, TimeType format) {
     case DAY_MONTH_YEAR:
       return columns(time.tm_mday, time.tm_mon + 1, time.tm_year + 1900);
     case ISO_8601:
-      std::fprintf(file, "\t%s", IsoText(time, lastPaddedInFiles).c_str());
+      text += '\t' + IsoText(time, lastPaddedInFiles);
       return;
   }
   std::fputs("\n!!! PrintDate : format de date inconnu\n", stdout);

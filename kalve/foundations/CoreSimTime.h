@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <ctime>
 #include <iosfwd>
+#include <string>
 
 #include "kalve/foundations/Records.h"
 
@@ -49,6 +50,8 @@ char* ClockValueToStringISO(int clock);
 
 /// To a file, each number behind a tab: the columns of a table.
 void PrintDateFromClock(FILE* file, int clock, TimeType format);
+/// The same behind a text.
+void AppendDateFromClock(std::string& text, int clock, TimeType format);
 /// To a stream, with the separators of the control protocol.
 void OutputDateFromClock(int clock, TimeType format, std::ostream& stream);
 /// OutputDateFromClock on standard output.

@@ -79,8 +79,9 @@ void Obsolescence(const char* what, const char* since) {
 
 void OverSpecificationOnParentClass(const char* className, const char* parentClassName) {
   ReportFailure("\n!!!============== OverSpecificationOnParentClass ==============",
-                "\n!!! La classe '%s' est spécifiée alors que sa classe parente '%s' l'est déjà.", className,
-                parentClassName);
+                "\n!!! Tentative de spécification de sortie sur la classe '%s'"
+                "\n    alors qu'une spécification sur la classe aparentée '%s'\n    a déjà été faite.!!!",
+                className, parentClassName);
 }
 
 void InexistantInstance(const char* operation) {

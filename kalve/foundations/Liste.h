@@ -75,6 +75,24 @@ class Liste {
   void remove_first(const T& item);
   void erase();
 
+  /// For `for (T item : list)`, which leaves the cursor alone. The item that is read may leave the list
+  /// only once the walk is past it.
+  class Iterator {
+   public:
+    explicit Iterator(const Cell<T>* cell) : mCell(cell) {}
+    const T& operator*() const { return mCell->mItem; }
+    Iterator& operator++() {
+      mCell = mCell->mNext;
+      return *this;
+    }
+    bool operator==(const Iterator&) const = default;
+
+   private:
+    const Cell<T>* mCell;
+  };
+  Iterator begin() const { return Iterator(mHead); }
+  Iterator end() const { return Iterator(nullptr); }
+
   /// First and last cell, null in an empty list.
   Cell<T>* HeadCell() const { return mHead; }
   Cell<T>* TailCell() const { return mTail; }

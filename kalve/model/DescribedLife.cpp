@@ -1,10 +1,14 @@
 // Construction, copies and destruction of a DescriptedEntity; the values that an entity leaves behind.
+#include <cstring>
 #include <iostream>
 
 #include "kalve/descriptors/PredefinedAttributes.h"
 #include "kalve/descriptors/VisitDescriptor.h"
+#include "kalve/foundations/FailureReport.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/model/DescriptedEntity.h"
+#include "kalve/outputs/MultipleDescriptorOS.h"
+#include "kalve/outputs/OutputSpec.h"
 
 namespace {
 
@@ -12,9 +16,23 @@ void Trace(const char* text, const DescriptedEntity* entity) {
   if (g_KV_TraceNewDelMode != 0) std::cout << text << static_cast<const void*>(entity);
 }
 
-/// Whether a variable's last value is recorded for its flag alone: an entity, or a table of entities.
-bool LeavesNames(const VariableDescriptor& descriptor) {
-  return descriptor.ClassType() == P_ENTITY || descriptor.ClassType() == ENTITY_TAB;
+/// Whether a writer of the record's specification keeps the final values of the descriptor only.
+bool IsKeptAtTheEnd(const VariableDescriptor& descriptor, const EntityInstanceOS* record) {
+  if (record == nullptr) return false;
+  for (const MultipleDescriptorOS* writer : record->GetEntityOutputSpec()->GetMultipleDescriptorsData()) {
+    if (writer->GetAllOrFinal() != AOE_END) continue;
+    for (const DescriptorOS* named : writer->GetDescriptorsData())
+      if (std::strcmp(named->GetDescName(), OrEmpty(descriptor.ClassName())) == 0) return true;
+  }
+  return false;
+}
+
+/// An entity, or a table of entities, leaves its names for its flag alone.
+bool LeavesFinalValue(const VariableDescriptor& descriptor, const EntityInstanceOS* record) {
+  if (descriptor.GetDescTimeSeries() == nullptr) return false;
+  if (descriptor.ClassType() == P_ENTITY || descriptor.ClassType() == ENTITY_TAB)
+    return descriptor.IsRecorded() != 0;
+  return IsKeptAtTheEnd(descriptor, record);
 }
 
 }  // namespace
@@ -71,7 +89,7 @@ void DescriptedEntity::RecordFinalValues() {
           constant.RecordPresentValue(CreationClock());
       });
   for (VariableDescriptor* descriptor : mVariableDescriptorTab)
-    if (descriptor->IsRecorded() != 0 && LeavesNames(*descriptor))
+    if (LeavesFinalValue(*descriptor, GetEntityInstanceOS()))
       VisitDescriptor(static_cast<Descriptor&>(*descriptor), [](auto& variable) {
         if constexpr (requires { variable.RecordPresentValue(); }) variable.RecordPresentValue();
       });

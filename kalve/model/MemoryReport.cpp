@@ -16,6 +16,7 @@
 #include "kalve/model/MetaClass.h"
 #include "kalve/monitors/DescValueMonitor.h"
 #include "kalve/monitors/StructureMonitor.h"
+#include "kalve/outputs/OutputSpec.h"
 #include "kalve/specs/DescValueSpec.h"
 #include "kalve/specs/EntitySpec.h"
 
@@ -52,6 +53,7 @@ constexpr Row rows[] = {
     RowOf<Argument>("\nnb const/dest Argument          : "),
     RowOf<Parameter>("\nnb const/dest Parameter         : "),
     RowOf<File>("\nnb const/dest File              : "),
+    RowOf<OutputSpec>("\nnb const/dest OutputSpec        : "),
 };
 
 /// Descriptors are the most numerous.

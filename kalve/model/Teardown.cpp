@@ -10,6 +10,7 @@
 #include "kalve/model/MetaClass.h"
 #include "kalve/monitors/DescValueMonitor.h"
 #include "kalve/monitors/StructureMonitor.h"
+#include "kalve/outputs/OutputSpec.h"
 
 namespace {
 
@@ -81,6 +82,7 @@ void DeleteAll() {
   DeleteMonitors();
   DeleteParameters();
   DeleteFileInstances();
+  DeleteOutputSpecs();
   if (pCurrentSim != nullptr) Delete(pCurrentSim);
   pCurrentSim = nullptr;
   MemoryReport(0);

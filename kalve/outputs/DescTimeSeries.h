@@ -120,6 +120,8 @@ class DescTimeSeries {
 /// empty.
 std::string UnifiedValueToString(const ClockValueItem* item, int precision);
 std::string UnifiedValueToString(const ClockValueItem* item);
+/// The text with decimals behind another one, without a copy in between.
+void AppendValue(std::string& text, const ClockValueItem* item, int precision);
 /// The same into a buffer of at least 500 bytes: the text is cut at 499 characters. Any other type leaves
 /// the buffer as it is.
 void UnifiedValueToString(const ClockValueItem* item, int precision, char* buffer);

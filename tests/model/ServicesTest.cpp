@@ -274,7 +274,7 @@ TEST_F(TeardownTest, TheReportComesOnceEverythingButTheClassesIsGone) {
     g_KV_MemoryReportMode = 1;
     DeleteAll();
   });
-  EXPECT_EQ(before.size(), 15U);
+  EXPECT_EQ(before.size(), 16U);
   EXPECT_EQ(Alive(report), before) << report;
   EXPECT_EQ(report.find("\nnb const/dest Entity            :    11 11\n"), 0U) << report;
   DeleteAll();

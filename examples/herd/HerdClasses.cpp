@@ -5,93 +5,8 @@
 // A constructor says what the entity may hold, where it may stand and what describes it, and joins its class
 // at the end.
 
-namespace {
-
-struct DescriptorRow {
-  HerdDescriptor id;
-  const char* name;
-};
-constexpr DescriptorRow descriptorRows[] = {
-    {AREA, "area"},
-    {NITROGEN, "nitrogen"},
-    {GRASS, "grass"},
-    {IS_OPEN, "isOpen"},
-    {HALF_DAYS, "halfDays"},
-    {GRAZED, "grazed"},
-    {HAY, "hay"},
-    {PLACE, "place"},
-    {TANK, "tank"},
-    {TEMPERATURE, "temperature"},
-    {RAIN, "rain"},
-    {HEAT, "heat"},
-    {BREED, "breed"},
-    {CALVINGS, "calvings"},
-    {TERM, "term"},
-    {DAYS_IN_MILK, "daysInMilk"},
-    {WEIGHT, "weight"},
-    {INTAKE, "intake"},
-    {MILK, "milk"},
-    {SEASON_MILK, "seasonMilk"},
-    {CALVES, "calves"},
-    {SEX, "sex"},
-    {BIRTH_WEIGHT, "birthWeight"},
-    {CAPACITY, "capacity"},
-};
-
-const char* NameOf(HerdDescriptor id) { return descriptorRows[id - AREA].name; }
-
-template <class Descriptor>
-Descriptor* New(HerdDescriptor id, const char* unit) {
-  auto* const descriptor = new Descriptor(id, NameOf(id));
-  descriptor->ClassUnity(unit);
-  return descriptor;
-}
-
-DoubleVariableDescriptor* Measure(HerdDescriptor id, const char* unit, double low, double high) {
-  auto* const measure = New<DoubleVariableDescriptor>(id, unit);
-  measure->SetSubDomain(low, high);
-  return measure;
-}
-
-IntVariableDescriptor* Count(HerdDescriptor id, const char* unit, int high) {
-  auto* const count = New<IntVariableDescriptor>(id, unit);
-  count->SetSubDomain(0, high);
-  return count;
-}
-
-/// A change below the stubble stops there.
-double LeaveStubble(MonitorMethod* change) {
-  const double grass = change->GetDoubleArgValue(CANDIDATEDOUBLEVALUE_ARGUMENT);
-  return grass < Paddock::stubble ? Paddock::stubble : grass;
-}
-
-/// Null, a refusal, once the herd is small.
-BasicEntity* KeepSmallestHerd(MonitorMethod* removal) {
-  const BasicEntity* herd = removal->GetBasicEntityArgValue(CURRENTENTITYCONTAINER_ARGUMENT);
-  if (herd->GetNumberOfElements() <= Herd::smallest) return nullptr;
-  return removal->GetBasicEntityArgValue(CANDIDATEENTITYELEMENT_ARGUMENT);
-}
-
-// Monitors serve all instances of a class, and live as long as the application.
-DescDoubleValueMonitor* StubbleMonitor() {
-  auto* const monitor = new DescDoubleValueMonitor("stubble");
-  monitor->AssignWhenSetDoubleMethod(LeaveStubble);
-  return monitor;
-}
-
-StructureMonitor* HerdMonitor() {
-  auto* const monitor = new StructureMonitor("herdSize");
-  monitor->AssignWhenRemoveElementMethod(KeepSmallestHerd);
-  return monitor;
-}
-
-}  // namespace
-
 Farm::Farm() {
   ElementClassId(FARM_UNIT);
-  AddVariableDescriptor(Measure(TEMPERATURE, "degC", -20.0, 50.0));
-  AddVariableDescriptor(Measure(RAIN, "mm", 0.0, 300.0));
-  AddVariableDescriptor(Measure(HEAT, "degC", 0.0, 20.0));
   SetMetaClass(FARM);
   AddInstanceToClass();
 }
@@ -103,56 +18,28 @@ FarmUnit::FarmUnit() {
 }
 
 Herd::Herd() {
-  static StructureMonitor* const monitor = HerdMonitor();
   ElementClassId(COW);
-  AddVariableDescriptor(new EntityVariableDescriptor(PLACE, NameOf(PLACE)));
-  AddVariableDescriptor(New<DoubleVariableDescriptor>(TANK, "kg"));
   SetMetaClass(HERD);
   AddInstanceToClass();
-  monitor->AttachToEntity(this);
 }
 
 Paddock::Paddock() {
-  static DescDoubleValueMonitor* const stubbleMonitor = StubbleMonitor();
-  AddConstantDescriptor(New<DoubleConstantDescriptor>(AREA, "ha"));
-  AddConstantDescriptor(New<DoubleConstantDescriptor>(NITROGEN, "kg/ha"));
-  AddVariableDescriptor(Measure(GRASS, "kg/ha", 0.0, 8000.0));
-  AddVariableDescriptor(Count(IS_OPEN, "", 1));
-  AddVariableDescriptor(New<IntVariableDescriptor>(HALF_DAYS, "d/2"));
-  AddVariableDescriptor(New<DoubleVariableDescriptor>(GRAZED, "kg/ha"));
-  AddVariableDescriptor(New<DoubleVariableDescriptor>(HAY, "kg/ha"));
+  AddConstantDescriptor(new DoubleConstantDescriptor(AREA, "area"));
   SetMetaClass(PADDOCK);
   AddInstanceToClass();
-  stubbleMonitor->AttachToDescriptor(this, GRASS);
 }
 
 Cow::Cow() {
   SuperSetClassId(HERD);
   AddComponentClassId(UDDER);
-  auto* const breed = new StringConstantDescriptor(BREED, NameOf(BREED));
-  for (const char* known : {"Montbéliarde", "Holstein", "Salers", "Normande"}) breed->AddSubDomain(known);
-  AddConstantDescriptor(breed);
-  AddVariableDescriptor(Count(CALVINGS, "", 20));
-  AddVariableDescriptor(Count(TERM, "d", 366));
-  AddVariableDescriptor(Count(DAYS_IN_MILK, "d", 1000));
-  AddVariableDescriptor(Measure(WEIGHT, "kg", 300.0, 1000.0));
-  AddVariableDescriptor(Measure(INTAKE, "kg", 0.0, 40.0));
-  AddVariableDescriptor(Measure(MILK, "kg/d", 0.0, 80.0));
-  AddVariableDescriptor(New<DoubleVariableDescriptor>(SEASON_MILK, "kg"));
-  AddVariableDescriptor(new EntityTabVariableDescriptor(CALVES, NameOf(CALVES)));
+  AddVariableDescriptor(new IntVariableDescriptor(CALVINGS, "calvings"));
+  AddVariableDescriptor(new DoubleVariableDescriptor(WEIGHT, "weight"));
   SetMetaClass(COW);
   AddInstanceToClass();
 }
 
-Calf::Calf() {
-  AddConstantDescriptor(new StringConstantDescriptor(SEX, NameOf(SEX)));
-  AddConstantDescriptor(New<DoubleConstantDescriptor>(BIRTH_WEIGHT, "kg"));
-  SetMetaClass(CALF);
-  AddInstanceToClass();
-}
-
 Udder::Udder() {
-  AddConstantDescriptor(New<DoubleConstantDescriptor>(CAPACITY, "kg"));
+  AddConstantDescriptor(new DoubleConstantDescriptor(CAPACITY, "capacity"));
   SetMetaClass(UDDER);
   AddInstanceToClass();
 }
@@ -174,11 +61,8 @@ Entity* Make() {
 constexpr ClassRow classRows[] = {
     {FARM, "Farm", KV_ENTITY, Make<Farm>}, {FARM_UNIT, "FarmUnit", KV_ENTITY, nullptr},
     {HERD, "Herd", FARM_UNIT, Make<Herd>}, {PADDOCK, "Paddock", FARM_UNIT, Make<Paddock>},
-    {COW, "Cow", KV_ENTITY, Make<Cow>},    {CALF, "Calf", KV_ENTITY, Make<Calf>},
-    {UDDER, "Udder", KV_ENTITY, Make<Udder>},
+    {COW, "Cow", KV_ENTITY, Make<Cow>},    {UDDER, "Udder", KV_ENTITY, Make<Udder>},
 };
-
-Entity* MadeOf(const ClassRow& row) { return row.make != nullptr ? row.make() : nullptr; }
 
 }  // namespace
 
@@ -190,20 +74,6 @@ void InstallHerdClasses() {
 
 Entity* NewHerdEntity(const char* className) {
   for (const ClassRow& row : classRows)
-    if (std::strcmp(row.name, className) == 0) return MadeOf(row);
+    if (row.make != nullptr && std::strcmp(row.name, className) == 0) return row.make();
   return nullptr;
-}
-
-Entity* NewHerdEntityOfId(int classId) {
-  for (const ClassRow& row : classRows)
-    if (row.id == classId) return MadeOf(row);
-  return nullptr;
-}
-
-int HerdEnumToInt(const char* name) {
-  for (const DescriptorRow& row : descriptorRows)
-    if (std::strcmp(row.name, name) == 0) return row.id;
-  for (const ClassRow& row : classRows)
-    if (std::strcmp(row.name, name) == 0) return row.id;
-  return K_INT_UNSIGNIFICANT;
 }

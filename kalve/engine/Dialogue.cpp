@@ -152,11 +152,9 @@ void Simulation::SendEvents() const {
   std::cout << "UT ";
   CoutDateFromClock(mClock, CLOCK);
   std::cout << majSep;
-  for (const Cell<Event*>* cell = mAgendaEvents.HeadCell(); cell != nullptr; cell = cell->GetNextCell()) {
-    const Event& event = *cell->GetItem();
-    std::cout << '"' << OrEmpty(event.ClassName()) << '"' << minSep << event.OccurrenceClockTime() << minSep
-              << event.PriorityDegree() << majSep;
-  }
+  for (const Event* event : mAgendaEvents)
+    std::cout << '"' << OrEmpty(event->ClassName()) << '"' << minSep << event->OccurrenceClockTime() << minSep
+              << event->PriorityDegree() << majSep;
   std::cout << "} " << std::endl;
 }
 

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 #include <iostream>
-#include <memory>
+#include <utility>
 
 #include "kalve/descriptors/ScalarDescriptors.h"
 #include "kalve/engine/Simulation.h"
@@ -12,6 +12,7 @@
 #include "kalve/model/Entity.h"
 #include "kalve/model/MetaClass.h"
 #include "kalve/outputs/DescTimeSeries.h"
+#include "kalve/outputs/OutputSpec.h"
 
 namespace {
 
@@ -236,9 +237,15 @@ void WriteLiving(const std::string& className) {
   for (const BasicEntity* instance : *instances) WriteInstanceName(instance->InstanceName());
 }
 
-void WriteRecordedInstances(const std::string& /*className*/, bool /*onlyDead*/) {
-  Error() << "la classe n'a pas fait l'objet d'une spécification d'enregistrement de création des instances"
-          << std::endl;
+void WriteRecordedInstances(const std::string& className, bool onlyDead) {
+  const EntityOutputSpec* const spec = EntityOutputSpec::GetCreationDateOS(className.c_str());
+  if (spec == nullptr) {
+    Error() << "la classe n'a pas fait l'objet d'une spécification d'enregistrement de création des instances"
+            << std::endl;
+    return;
+  }
+  for (const EntityInstanceOS* instance : spec->GetInstancesData())
+    if (!onlyDead || instance->GetDeletionClock() >= 0) WriteInstanceName(instance->GetEntityInstanceName());
 }
 
 }  // namespace

@@ -40,13 +40,8 @@ Part* NewCow(const char* name, Entity* mother) {
   auto* calvings = new IntVariableDescriptor(CALVINGS, "calvings");
   calvings->SetSubDomain(0, 20);
   cow->AddVariableDescriptor(calvings);
-  auto* weight = new DoubleVariableDescriptor(WEIGHT, "weight");
-  weight->SetDescTimeSeries(new DescTimeSeries(nullptr));
-  weight->IsRecorded(1);
-  cow->AddVariableDescriptor(weight);
-  auto* feed = new FloatVariableDescriptor(FEED, "feed");
-  feed->SetDescTimeSeries(new DescTimeSeries(nullptr));
-  cow->AddVariableDescriptor(feed);
+  cow->AddVariableDescriptor(new DoubleVariableDescriptor(WEIGHT, "weight"));
+  cow->AddVariableDescriptor(new FloatVariableDescriptor(FEED, "feed"));
   cow->AddVariableDescriptor(new StringVariableDescriptor(NOTE, "note"));
   cow->AddVariableDescriptor(new EntityVariableDescriptor(MOTHER, "mother"));
   cow->SetEntityVarValue(MOTHER, mother);
@@ -54,6 +49,8 @@ Part* NewCow(const char* name, Entity* mother) {
   cow->Join(name);
   return cow;
 }
+
+const char* const spareUdder = "spare-udder-of-a-cow-that-has-not-yet-been-born-1";  // of 49 characters
 
 Part* NewUdder(const char* name) {
   auto* udder = new Part(UDDER);
@@ -133,9 +130,23 @@ void Calve(EventMethod*) {
   Named("violette")->AddComponent(NewUdder("udder_3"));
 }
 
-void Sell(EventMethod*) { Named("barn")->RemoveElement(Named("blanchette")); }
+void Sell(EventMethod*) {
+  Named("barn")->RemoveElement(Named("blanchette"));
+  DeleteEntity(Named(spareUdder));
+}
 
 void Tick(EventMethod*) { Post("tick", pCurrentSim->Clock() + 1, 50, Tick); }
+
+/// The weight of cows is recorded and drawn, of their feed only the last value is, and udders are listed.
+void DeclareOutputs() {
+  auto* changes = new OutputFileMDescOS(CLOCK, 1, 1, 0, GRAPH_LINE, AOE_ALL);
+  changes->RegisterEntityOS("Cow");
+  changes->AddDescriptorOS("weight", 2);
+  auto* ends = new OutputFileMDescOS(CLOCK, 0, 0, 1, GRAPH_POINT, AOE_END);
+  ends->RegisterEntityOS("Cow");
+  ends->AddDescriptorOS("feed", 1);
+  SetEntityStructureOS("Udder", CLOCK, 1, 0, 0, "", "", "", OM_APPEND);
+}
 
 void MakeModel() {
   K_InstallMetaClasses();
@@ -144,6 +155,7 @@ void MakeModel() {
     CreateMetaClass(id, name)->SetParentClassId(KV_ENTITY);
   SetHierarchy();
   for (int id : {STORE, STONE}) GetMetaClass(id)->UserInstantiable(0);
+  DeclareOutputs();
   auto* barn = new Part(BARN);
   barn->ElementClassId(COW);
   barn->Join("barn");
@@ -159,7 +171,7 @@ void MakeModel() {
   stone->SetMetaClass(STONE);
   stone->AddInstanceToClass();
   stone->SetInstanceName("stone");
-  NewUdder("spare-udder-of-a-cow-that-has-not-yet-been-born-1");  // of 49 characters
+  NewUdder(spareUdder);
   Post("weighing", 10, 20, Weigh);
   Post("calving", 20, 10, Calve);
   Post("weighing", 20, 30, Weigh);
@@ -189,6 +201,7 @@ int main(int argc, char** argv) {
     InitChrono();
     StartChrono();
   }
+  std::cout << "Ready" << std::endl;
   pCurrentSim->Run(has("limit") ? 3 : K_INTMAX);
   std::cout << "Run is over" << std::endl;
 }

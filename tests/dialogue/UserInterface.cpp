@@ -40,6 +40,7 @@ UserInterface::UserInterface(std::initializer_list<const char*> options) {
   close(out[1]);
   mInput = in[1];
   mOutput = out[0];
+  mOpening = ReadUntil("Ready\n");
 }
 
 UserInterface::~UserInterface() {

@@ -16,6 +16,9 @@ class UserInterface {
   /// Kills the program if it still runs.
   ~UserInterface();
 
+  /// What the program wrote before its run.
+  const std::string& Opening() const { return mOpening; }
+
   void Send(const std::string& bytes) const;
   /// Sends, and waits until the program has taken all of it.
   void SendAndSettle(const std::string& bytes) const;
@@ -48,5 +51,6 @@ class UserInterface {
   int mInput;   // of the program, -1 when closed
   int mOutput;  // of the program
   std::string mCome;
+  std::string mOpening;
   bool mIsOver = false;
 };

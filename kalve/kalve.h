@@ -19,6 +19,7 @@
 #include "kalve/engine/Process.h"
 #include "kalve/engine/ProcessDispatch.h"
 #include "kalve/engine/Simulation.h"
+#include "kalve/engine/Words.h"
 #include "kalve/foundations/Chronometer.h"
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/CoreSimTime.h"

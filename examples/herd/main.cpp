@@ -1,5 +1,7 @@
 // A dairy herd at pasture through one grazing season, from its five files:
 //   herd season.prm season.sim season.out season.str season.dir [options]
+// A user interface drives it over standard input and output; with -BATCH it runs by itself.
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstring>
@@ -28,6 +30,11 @@ void PrintStructure(const BasicEntity& entity, int depth = 0) {
     if (part != nullptr) PrintStructure(*part, depth + 1);  // a slot without its component holds null
 }
 
+bool HasOption(int argc, char** argv, const char* option) {
+  return std::any_of(argv, argv + argc,
+                     [option](const char* word) { return std::strcmp(word, option) == 0; });
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -45,7 +52,12 @@ int main(int argc, char** argv) {
   BasicEntity* farm = pCurrentSim->SimulatedBasicEntity();
   PrintStructure(*farm);
   InitChrono();
-  pCurrentSim->Run();
+  if (HasOption(argc, argv, "-BATCH")) {
+    pCurrentSim->RunBatch(K_INTMAX);
+    std::puts("FIN RUN");
+  } else {
+    pCurrentSim->Run();
+  }
 
   farm->DeleteInDepth();
   delete pCurrentSim;

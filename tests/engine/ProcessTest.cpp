@@ -58,12 +58,16 @@ TEST_F(ProcessTest, MethodsAreFoundRunAndCheckedByType) {
   EXPECT_EQ(process->ExecIntCoreMethod(PROCESS_PRECONDITION), 5);
   EXPECT_EQ(process->GetMethod("stopProcess"), process->GetMethod(STOP_PROCESS));
   EXPECT_EQ(process->GetMethod("absente"), nullptr);
+  IntProcessMethod withoutId;
   EXPECT_EQ(OutputOf([&] {
               EXPECT_EQ(process->GetMethod(EXEC_PROCESS), nullptr);
               EXPECT_EQ(process->ExecIntMethod(99), 0);
+              process->AddMethod(&withoutId);
+              EXPECT_EQ(process->MethodTab().size(), 5);
             }),
             "\n!!! Indice hors tableau dans 'Process::GetMethod' : indice 3, taille du tableau 7.\n"
-            "\n!!! Indice hors tableau dans 'Process::ExecIntMethod' : indice 99, taille du tableau 7.\n");
+            "\n!!! Indice hors tableau dans 'Process::ExecIntMethod' : indice 99, taille du tableau 7.\n"
+            "\n!!! Indice hors tableau dans 'Process::AddMethod' : indice -9, taille du tableau 7.\n");
   EXPECT_EQ(
       FailureOf([&] { process->ExecVoidMethod(PROCESS_PRECONDITION); }),
       "\n!!!============== BadMethodValueType =============="
@@ -84,6 +88,31 @@ TEST_F(ProcessTest, TheEntityMustBeOfTheClassAndMayDie) {
             std::string::npos);
   DeleteEntity(second);
   EXPECT_EQ(process->ProcessedBasicEntity(), nullptr);
+}
+
+TEST_F(ProcessTest, EventsNameTheirProcessesInFailures) {
+  auto* milking = new DiscreteProcess(20, "traite");
+  milking->ProcessedEntityClassId(COW);
+  Thing* cow = NewCow();
+  const OwnedEvent morning = MakeEvent(short{7}, "matin");
+  EXPECT_EQ(FailureOf([&] { morning->ProcessedEntity(KV_PROCESS, cow); }),
+            "\n!!!============== UnfoundProcessInEvent =============="
+            "\n!!! L'événement 'matin' ne comporte pas de processus de classe KV_PROCESS.\n");
+  EXPECT_NE(FailureOf([&] { morning->ProcessedEntity(500, cow); }).find(" de classe 500.\n"),
+            std::string::npos);
+
+  morning->AddProcessAction(milking, EXEC);
+  milking->ProcessedEntity(cow);
+  const OwnedEvent evening = MakeEvent(short{7}, "soir");
+  evening->AddProcessAction(new DiscreteProcess(21, "soin"), EXEC);
+  const auto warn = [&] { TwoEventsWithSameDateAndPriority(morning.get(), evening.get(), 12); };
+  EXPECT_EQ(OutputOf(warn), "");
+  g_KV_TraceWarnings = 1;
+  EXPECT_EQ(OutputOf(warn),
+            "\n!!!! Attention : les deux événements suivants :"
+            "\n'soir' ('soin' sur <non spécifié>)\net\n'matin' ('traite' sur 'Cow_1')"
+            "\n... ont la même priorité (7) et peuvent intervenir à la même date (12)."
+            "\nArbitrairement, le premier (matin) est supposé intervenir avant le second (soir).");
 }
 
 TEST_F(ProcessTest, CouplesKeepTheirOrder) {

@@ -29,6 +29,21 @@ TEST(Failures, EndWithStatusZeroAndErrorAsLastLine) {
             "\n    Les unités valides sont : SECOND MINUTE HOUR DAY.\nERROR \n");
 }
 
+TEST(Failures, SayWhatWasAttempted) {
+  EXPECT_EQ(FailureOf([] { OverSpecificationOnParentClass("Cow", "Animal"); }),
+            "\n!!!============== OverSpecificationOnParentClass =============="
+            "\n!!! Tentative de spécification de sortie sur la classe 'Cow'"
+            "\n    alors qu'une spécification sur la classe aparentée 'Animal'"
+            "\n    a déjà été faite.!!!\n");
+  EXPECT_EQ(
+      FailureOf([] { ConnexionFailedToDataBase("herd", "farm"); }),
+      "\n!!!============== ConnexionFailedToDataBase =============="
+      "Postgresql: Impossible d'établir la connexion\n    data base : 'herd'\n    user name : 'farm'\n");
+  EXPECT_EQ(FailureOf([] { Obsolescence("Run", "2007"); }),
+            "\n!!!============== Obsolescence =============="
+            "\n!!! 'Run' est une obsolescence depuis 2007.\n");
+}
+
 TEST(Failures, WarningsPrintOnlyUnderTheirOption) {
   for (int option : {0, 2}) {
     EXPECT_EQ(OutputOf([option] {
@@ -55,6 +70,8 @@ TEST(Enumerations, TextsOfValueTypesAndTheirGaps) {
   EXPECT_EQ(ObjectClassToChar(static_cast<ObjectClassId>(7)), nullptr);
   EXPECT_STREQ(StringActionType(PROCEED), "PROCEED");
   EXPECT_STREQ(StringActionType(UNSPECIFIED_ACTION), "UNSPECIFIED ACTION");
+  EXPECT_STREQ(DescriptorSubclassToChar(2), "VARIABLE");
+  EXPECT_EQ(DescriptorSubclassToChar(3), nullptr);
   for (TimeUnit unit : {DAY, HOUR, MINUTE, SECOND}) EXPECT_EQ(IndexUnite(TimeUnitToChar(unit)), unit);
   EXPECT_NE(IndexUnite("JOUR"), 0);
 }

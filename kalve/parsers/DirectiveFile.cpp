@@ -24,7 +24,7 @@ void DirectiveFile::MakeEvent() {
   mMade.clear();
   GiveName();
   GiveChances();
-  GivePriority();
+  if (event.priority) mEvent->SetPriorityDegree(AnnouncedPriority(event.priority));
   GiveSuccessor();
   GiveDate();
 }
@@ -60,12 +60,10 @@ void DirectiveFile::GiveName() const {
   mEvent->SetInstanceName(event.name->c_str());
 }
 
-void DirectiveFile::GivePriority() const {
-  if (!event.priority) return;
-  const int priority = *event.priority;
-  if (priority < 0 || priority > 99)
-    AnnounceFault(event.priority.Where(), "PRIORITY demande un entier de 0 à 99");
-  mEvent->SetPriorityDegree(static_cast<short>(std::clamp(priority, -32768, 32767)));
+short DirectiveFile::AnnouncedPriority(const Part<int>& priority) {
+  if (*priority < 0 || *priority > 99)
+    AnnounceFault(priority.Where(), "PRIORITY demande un entier de 0 à 99");
+  return static_cast<short>(std::clamp(*priority, -32768, 32767));
 }
 
 namespace {

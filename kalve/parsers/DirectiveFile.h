@@ -11,6 +11,8 @@
 #include "kalve/parsers/DirectiveParts.h"
 #include "kalve/parsers/ParseState.h"
 
+class DataFileNames;
+
 class DirectiveFile : public ParseState {
  public:
   /// SimulationNotYetCreated without pCurrentSim.
@@ -32,6 +34,8 @@ class DirectiveFile : public ParseState {
   /// A living continuous process, by instance name or else by class name, is the one of the couples.
   void TakeLivingProcess(const Position& where, const std::string& name);
   void AddCouple(const Position& where, ActionType action);
+  /// A process that reads a data file has been read: posts what starts it.
+  void PostReading();
 
  private:
   /// A process that the block of the event has made.
@@ -44,7 +48,6 @@ class DirectiveFile : public ParseState {
 
   Event* NewEvent() const;
   void GiveName() const;
-  void GivePriority() const;
   void GiveChances() const;
   void GiveSuccessor() const;
   void GiveDate() const;
@@ -54,6 +57,12 @@ class DirectiveFile : public ParseState {
   MadeProcess* FindMade();
   void Bind(Process* process) const;
   void GiveDurations(Process* process) const;
+  int FileSymbol() const;
+  void NameFile(DataFileNames& reader) const;
+  int PostFirstReading(Process* process, int clock) const;
+
+  /// One out of range is announced, for the failure that follows.
+  static short AnnouncedPriority(const Part<int>& priority);
 
   Event* mEvent = nullptr;
   Process* mProcess = nullptr;

@@ -84,5 +84,6 @@ struct ProcessDirective {
   Part<Moment> moment{"AT"};
   Part<int> priority{"PRIORITY"};
   Part<std::string> path{"PATH"};
+  Part<std::string> simpleName{"NAME"};
   Part<std::string> fullName{"FULL_NAME"};
 };

@@ -1,10 +1,14 @@
-// The processes of the directive file: couples of process and action in the block of an event.
+// The processes of the directive file: couples of process and action in the block of an event, and the
+// processes that read data files, which stand by themselves.
 #include <algorithm>
 
-#include "kalve/engine/ContinuousProcess.h"
+#include "kalve/engine/DataReading.h"
 #include "kalve/engine/EngineLookups.h"
 #include "kalve/engine/Event.h"
+#include "kalve/engine/PredefinedEvents.h"
+#include "kalve/engine/Simulation.h"
 #include "kalve/foundations/CoreException.h"
+#include "kalve/inputs/File.h"
 #include "kalve/model/ApplicationHooks.h"
 #include "kalve/model/CoreFunction.h"
 #include "kalve/model/Entity.h"
@@ -93,4 +97,59 @@ void DirectiveFile::GiveDurations(Process* made) const {
   if (made->Subclass() != CONTINUOUS_PROCESS)
     FaultInFile(process.step.Where(), "STEP demande un processus continu");
   static_cast<ContinuousProcess*>(made)->Step(TicksOf(*process.step, "STEP"));
+}
+
+// Readings ---------------------------------------------------------------------------------------------
+
+void DirectiveFile::PostReading() {
+  if (!process.moment) FaultInFile(process.where, "la lecture n'a pas de date (AT)");
+  const int clock = ClockOf(*process.moment);
+  Process* made = NewProcess();
+  Bind(made);
+  GiveDurations(made);
+  if (PostFirstReading(made, clock) != 0) return;
+  ReportWarning("\n!!! %s, ligne %d : la lecture '%s' n'est pas entrée dans l'agenda.",
+                process.where.origin->file->GetFullName(), process.where.line, made->InstanceName());
+  DeleteProcess(made);
+}
+
+/// Non-zero when the agenda took it. The priority is that of the kernel's own postings unless it is given.
+int DirectiveFile::PostFirstReading(Process* made, int clock) const {
+  const short priority = process.priority ? AnnouncedPriority(process.priority) : 0;
+  if (made->Subclass() == CONTINUOUS_PROCESS && static_cast<ContinuousProcess*>(made)->IsReadSDF() != 0) {
+    auto* reader = static_cast<ReadSequentialDataFileProcess*>(made);
+    NameFile(*reader);
+    return reader->PostInitAndProceedEvent(clock, priority);
+  }
+  if (made->Subclass() == DISCRETE_PROCESS && static_cast<DiscreteProcess*>(made)->IsInitSDRec() != 0) {
+    auto* opener = static_cast<InitFactualDataFileReadingProcess*>(made);
+    NameFile(*opener);
+    auto* execution = new DiscreteExecution(clock, opener);
+    execution->SetPriorityDegree(priority);
+    const int inserted = pCurrentSim->InsertInAgendaEvents(execution);
+    if (inserted == 0) execution->DeleteInDepth();
+    return inserted;
+  }
+  FaultInFile(process.where,
+              Text("READS : le processus %s ne lit pas de fichier", Quoted(process.className).c_str()));
+}
+
+void DirectiveFile::NameFile(DataFileNames& reader) const {
+  if (process.fullName && (process.path || process.simpleName))
+    FaultInFile(process.fullName.Where(), "FULL_NAME ne se donne pas avec PATH ou NAME");
+  reader.FileClassId(FileSymbol());
+  if (process.path) reader.SetFilePath(process.path->c_str());
+  if (process.simpleName) reader.SetFileSimpleName(process.simpleName->c_str());
+  if (process.fullName) reader.SetFileFullName(process.fullName->c_str());
+}
+
+int DirectiveFile::FileSymbol() const {
+  if (process.reads->symbol) return *process.reads->symbol;
+  const char* name = process.reads->name.c_str();
+  int symbol = K_SerialDataFileIdFromString(name);
+  if (symbol == K_INT_UNSIGNIFICANT && pApp_SerialDataFileIdFromString != nullptr)
+    symbol = pApp_SerialDataFileIdFromString(name);
+  if (symbol != K_INT_UNSIGNIFICANT) return symbol;
+  AnnounceFault(process.reads.Where(), "classe de fichier inconnue : " + Quoted(name));
+  UnknownClassName("K_SerialDataFileIdFromString", name);
 }

@@ -1,6 +1,7 @@
 // The directive file: dated events, the processes that they hold, and what is wrong in them.
 #include <algorithm>
 #include <iterator>
+#include <sstream>
 
 #include "tests/parsers/HerdTest.h"
 
@@ -9,6 +10,7 @@ namespace {
 Process* NewTestProcess(const char* name) {
   const std::string className = name;
   if (className == "grazing") return new ContinuousProcess(0, name);
+  if (className == "rainReading") return new ReadSequentialDataFileProcess(0, name);
   if (className != "milking" && className != "openGate" && className != "repair") return nullptr;
   auto* process = new DiscreteProcess(0, name);
   if (className == "openGate") process->ProcessedEntityClassId(PADDOCK);
@@ -74,8 +76,9 @@ TEST_F(DirectiveFileTest, PostsEventsByDateAndPriority) {
        "EVENT event NAME turnout AT 10 AVR 2008 PRIORITY 10 { PROCESS openGate EXEC; }\n"
        "EVENT \"milking\" PRIORITY 5 AT CLOCK 9 { PROCESS milking EXEC; }  # the same day\n"
        "EVENT event AT 15 \"NOV\" 12:00 { PROCESS milking EXEC; }\n"
+       "EVENT calving AT 29 FEV 12;\n"
        "EVENT calving AT CLOCK 0;\n");
-  EXPECT_EQ(Agenda(), "calving 0 99, milking 9 5, turnout 9 10, event 228 99, ");
+  EXPECT_EQ(Agenda(), "calving 0 99, milking 9 5, turnout 9 10, event 228 99, calving 1429 99, ");
 }
 
 TEST_F(DirectiveFileTest, GivesAPlainEventItsNameAsClassToo) {
@@ -231,7 +234,7 @@ TEST_F(DirectiveFileTest, SaysWhatIsWrong) {
   const std::string actions = "EXEC, INIT, PROCEED ou STOP";
   const std::string event = "EVENT event AT CLOCK 1 ";
   const FaultCase cases[] = {
-      {"TO p;", 1, "lu : 'TO' ; attendu : la fin du fichier, EVENT ou SPEC"},
+      {"TO p;", 1, "lu : 'TO' ; attendu : la fin du fichier, EVENT, PROCESS ou SPEC"},
       {"EVENT AT CLOCK 1;", 1, "lu : 'AT' ; attendu : un nom ou un texte entre guillemets"},
       {"EVENT event\nAT;", 2, "lu : ';' ; attendu : un entier, CLOCK ou TODAY"},
       {event + "AFTER;", 1, "lu : 'AFTER' ; attendu : " + parts + ", ';' ou '{'"},
@@ -320,12 +323,14 @@ TEST_F(DirectiveFileTest, EndsInTheFailureMadeForTheFault) {
 
 TEST_F(DirectiveFileTest, TheDocumentedExampleStands) {
   SetParameter(INT, "size", {.intValue = 3});
-  Read(ParseStructureFile, DocumentedExample("## The structure file"));
-  Read(ParseDirectiveFile, DocumentedExample("## The directive file"));
-  EXPECT_EQ(Agenda().substr(0, 36), "milking 1 99, turnout 9 10, season 9");
-  EXPECT_EQ(
-      Couples(),
-      "milking_2 EXEC, openGate_1 EXEC, grazing_4 INIT, grazing_4 PROCEED, repair_3 EXEC, grazing_4 STOP, ");
+  Assign_App_SerialDataFileIdFromStringFunction([](const char*) { return 40; });
+  Read(ParseStructureFile, DocumentedExample("The structure file"));
+  Read(ParseDirectiveFile, DocumentedExample("The directive file"));
+  Assign_App_SerialDataFileIdFromStringFunction(nullptr);
+  EXPECT_NE(Agenda().find(" milking 1 99, turnout 9 10, season 9 20, "), std::string::npos) << Agenda();
+  EXPECT_EQ(Couples(),
+            "rainReading_5 INIT, rainReading_5 PROCEED, milking_2 EXEC, openGate_1 EXEC, grazing_4 INIT, "
+            "grazing_4 PROCEED, repair_3 EXEC, grazing_4 STOP, ");
 }
 
 }  // namespace

@@ -2,9 +2,6 @@
 // or speak of them.
 #pragma once
 
-#include <fstream>
-#include <sstream>
-
 #include "examples/herd/HerdClasses.h"
 #include "tests/parsers/RandomInput.h"
 #include "tests/support/AllValues.h"
@@ -90,15 +87,5 @@ class HerdTest : public RandomInput {
     EXPECT_EQ(output.substr(0, Announced(path, c.line, c.what).size()), Announced(path, c.line, c.what))
         << c.bytes << output;
     EXPECT_TRUE(output.ends_with("\nERROR \n")) << output;
-  }
-  /// The first block of code below the heading in the page for modellers.
-  static std::string DocumentedExample(const std::string& heading) {
-    std::ostringstream page;
-    page << std::ifstream(std::string(KALVE_SOURCE_DIR) + "/docs/input-files.md", std::ios::binary).rdbuf();
-    const std::string text = page.str();
-    const std::size_t section = text.find(heading);
-    EXPECT_NE(section, std::string::npos) << heading;
-    const std::size_t from = text.find("```\n", section) + 4;
-    return text.substr(from, text.find("```", from) - from);
   }
 };

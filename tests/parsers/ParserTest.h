@@ -31,15 +31,6 @@ class ParserTest : public testing::Test {
     folder.Write("f", bytes);
     parse(path.c_str());
   }
-  /// The first example of a section of the page on input files.
-  static std::string DocumentedExample(const std::string& section) {
-    std::ifstream file(std::string(KALVE_SOURCE_DIR) + "/docs/input-files.md", std::ios::binary);
-    const std::string page((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    const std::size_t heading = page.find("## " + section + "\n");
-    EXPECT_NE(heading, std::string::npos);
-    const std::size_t from = page.find("```\n", heading) + 4;
-    return page.substr(from, page.find("```", from) - from);
-  }
   /// The whole text of a fault in that file.
   std::string Fault(int line, const std::string& what) const { return FaultOf(path, line, what, ""); }
   static std::string Announced(const std::string& file, int line, const std::string& what) {

@@ -1,6 +1,5 @@
 // Whatever the bytes, a parser ends by itself: normally, or in a failure that names file and line.
-#include "kalve/engine/ContinuousProcess.h"
-#include "kalve/engine/DiscreteProcess.h"
+#include "kalve/engine/DataReading.h"
 #include "kalve/inputs/ParserFunction.h"
 #include "kalve/inputs/SequentialDataFile.h"
 #include "kalve/model/ApplicationHooks.h"
@@ -20,7 +19,8 @@ constexpr const char* directiveExample =
     "EVENT event BETWEEN CLOCK 20 AND 15 NOV 06:30 PROBABILITY 0.95 EVERY 1 TO 2 DAY\n"
     "{ PROCESS grazing DELAY 3 STEP 1 DAY INIT; PROCESS grazing PROCEED; }\n"
     "EVENT event AT TODAY 06:30 PERCENT 95 PRIORITY 3 NEXT event { PROCESS REF grazing STOP; }\n"
-    "EVENT event AT 1 MAI { PROCESS milking NAME a EXEC; PROCESS milking NAME b EXEC; }\n";
+    "EVENT event AT 1 MAI { PROCESS milking NAME a EXEC; PROCESS milking NAME b EXEC; }\n"
+    "PROCESS rain READS 7 NAME a PATH \"b \" AT CLOCK 3 STEP 2;PROCESS rain READS 7 FULL_NAME a AT CLOCK 3;\n";
 
 constexpr const char* parameterExample =
     "Herd size = 42; Herd breed = \"sal\\\"ers\";\nHerd turnout = 10 AVR 2008 06:30:00;\n"
@@ -38,6 +38,7 @@ class RandomInputTest : public RandomInput {
     folder.Write("part", "# nothing\nEND INCLUDE;");
     Assign_App_NewProcessFromStringFunction([](const char* name) -> Process* {
       if (std::string(name) == "grazing") return new ContinuousProcess(0, name);
+      if (std::string(name) == "rain") return new ReadSequentialDataFileProcess(0, name);
       return std::string(name) == "milking" ? new DiscreteProcess(0, name) : nullptr;
     });
     Assign_App_NewSerialDataFileFromStringFunction(

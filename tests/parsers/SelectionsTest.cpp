@@ -190,7 +190,7 @@ TEST_F(SelectionsTest, TheDocumentedExampleStands) {
        "ENTITY Farm farm;\n"
        "ENTITY Cow cow1 { weight = 600.0; calvings = 1; } ENTITY Cow cow2 { weight = 710.0; calvings = 1; }\n"
        "ENTITY Cow cow3 { weight = 800.0; calvings = 2; } ENTITY Cow cow4 { weight = 600.0; }\n");
-  Read(ParseDirectiveFile, DocumentedExample("## Selections"));
+  Read(ParseDirectiveFile, DocumentedExample("Selections"));
   EXPECT_EQ(Selected("dryCows"), "cow1 cow3 ");
   GetNamedEntitySpec("newCows")->Expand();
   EXPECT_EQ(GetNumberOfEntities(COW), 6);

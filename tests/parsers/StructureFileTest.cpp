@@ -277,7 +277,7 @@ TEST_F(StructureFileTest, TheSeasonOfTheHerdStands) {
 
 TEST_F(StructureFileTest, TheDocumentedExampleStands) {
   SetParameter(INT, "size", {.intValue = 3});
-  Read(ParseStructureFile, DocumentedExample("## The structure file"));
+  Read(ParseStructureFile, DocumentedExample("The structure file"));
   EXPECT_EQ(TreeOf("farm"),
             "farm(home river1 river2 herd(cow1(Udder_8) cow2(Udder_10) cow3(Udder_12) hortense(-)) common) ");
   EXPECT_EQ(ValueText(*GetNamedEntity("hortense"), "calvings"), "6");

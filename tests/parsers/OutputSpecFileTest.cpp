@@ -212,11 +212,7 @@ TEST_F(OutputSpecFileTest, EndsInTheFailureMadeForTheFault) {
       {{"SERIES Cow { FILE \"no/such\" OVERWRITE; weight; }", 1, "SERIES 'Cow'"}, "BadFileName"},
   };
   for (const auto& [fault, failure] : cases) {
-    folder.Write("f", fault.bytes);
-    const std::string output = RunInChild([&] {
-                                 leaksDoNotMatter = 1;
-                                 ParseOutputSpecFile(path.c_str());
-                               }).output;
+    const std::string output = ReadInChild(ParseOutputSpecFile, fault.bytes);
     EXPECT_EQ(output.find(Announced(path, fault.line, fault.what) + "\n!!!============== " + failure), 0U)
         << output;
   }

@@ -237,6 +237,25 @@ TEST_F(OutputSpecFileTest, RefusesWhatADatabaseCannotDo) {
     EXPECT_EQ(ReadInChild(ParseOutputSpecFile, c.bytes), OutputFault(c.line, c.what)) << c.bytes;
 }
 
+TEST_F(OutputSpecFileTest, WarnsOfDatesThatADatabaseDoesNotTake) {
+  const auto warnings = [this](const std::string& date, int areOn) {
+    g_KV_TraceWarnings = areOn;
+    const std::string output = ReadInChild(
+        ParseOutputSpecFile, "SERIES Cow { weight;\nDATE " + date + "; DATABASE COPY { USER u; NAME n; } }");
+    g_KV_TraceWarnings = 0;
+    const std::string warning =
+        Announced(path, 2, "DATE") +
+        "\n!!! Erreur lors de la lecture du fichier de spécification des sorties"
+        "\n!!! Pour l'exportation vers une base de données, seuls les formats CLOCK et ISO_8601 sont autorisés."
+        "\n!!! L'exécution continue avec l'option CLOCK.\n";
+    return output.find(warning) == 0;
+  };
+  EXPECT_TRUE(warnings("DAY_MONTH_YEAR", 1));
+  EXPECT_FALSE(warnings("DAY_MONTH_YEAR", 0));
+  EXPECT_FALSE(warnings("ISO_8601", 1));
+  EXPECT_FALSE(warnings("CLOCK", 1));
+}
+
 TEST_F(OutputSpecFileTest, TheDocumentedExampleStands) {
   Read(ParseParameterFile, DocumentedExample("The parameter file"));
   Read(ParseOutputSpecFile, DocumentedExample("The output-specification file"));

@@ -12,6 +12,7 @@ void Simu_Parser(LexicalInputFile* file);
 void Param_Parser(LexicalInputFile* file);
 /// Entities with their links, values and bodies (SimulationNotYetCreated without pCurrentSim).
 void Structure_Parser(LexicalInputFile* file);
+/// What a run keeps of entities, events and processes; to be read before any of them is made.
 void OutputSpec_Parser(LexicalInputFile* file);
 /// Directives: events for the agenda of pCurrentSim (SimulationNotYetCreated without one).
 void Directive_Parser(LexicalInputFile* file);

@@ -13,6 +13,7 @@ void Param_Parser(LexicalInputFile* file);
 /// Entities with their links, values and bodies, and selections (SimulationNotYetCreated without
 /// pCurrentSim).
 void Structure_Parser(LexicalInputFile* file);
+/// What a run keeps of entities, events and processes; to be read before any of them is made.
 void OutputSpec_Parser(LexicalInputFile* file);
 /// Directives: events and their processes for the agenda of pCurrentSim (SimulationNotYetCreated without
 /// one), processes that read data files, and selections.

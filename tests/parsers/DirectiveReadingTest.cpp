@@ -3,7 +3,7 @@
 
 #include "kalve/inputs/FactualDataFile.h"
 #include "kalve/inputs/SequentialDataFile.h"
-#include "tests/parsers/HerdTest.h"
+#include "tests/parsers/FarmTest.h"
 
 namespace {
 
@@ -53,7 +53,7 @@ Process* NewReader(const char* name) {
   return className == "grazing" ? new ContinuousProcess(0, name) : nullptr;
 }
 
-class DirectiveReadingTest : public HerdTest {
+class DirectiveReadingTest : public FarmTest {
  protected:
   DirectiveReadingTest() {
     gRecords.clear();

@@ -1,9 +1,9 @@
 // Selections, as the structure file and the directive file have them.
-#include "tests/parsers/HerdTest.h"
+#include "tests/parsers/FarmTest.h"
 
 namespace {
 
-class SelectionsTest : public HerdTest {
+class SelectionsTest : public FarmTest {
  protected:
   SelectionsTest() {
     AssignEnumToInt([](const char* name) {

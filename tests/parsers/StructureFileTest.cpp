@@ -266,15 +266,6 @@ TEST_F(StructureFileTest, NeedsASimulation) {
   pCurrentSim = &simulation;
 }
 
-TEST_F(StructureFileTest, TheSeasonOfTheHerdStands) {
-  ParseStructureFile((std::string(KALVE_SOURCE_DIR) + "/examples/herd/season.str").c_str());
-  EXPECT_EQ(GetNumberOfEntities(COW), 42);
-  EXPECT_EQ(GetNumberOfEntities(PADDOCK), 8);
-  EXPECT_EQ(TreeOf("farm").substr(0, 70),
-            "farm(home hill1 hill2 hill3 hill4 hill5 river1 river2 herd(heifer1(Udd");
-  EXPECT_EQ(ValueText(*GetNamedEntity("marguerite"), "weight"), "640");
-}
-
 TEST_F(StructureFileTest, TheDocumentedExampleStands) {
   SetParameter(INT, "size", {.intValue = 3});
   Read(ParseStructureFile, DocumentedExample("The structure file"));

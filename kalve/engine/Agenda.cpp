@@ -120,7 +120,9 @@ int Simulation::DelayInAgendaEvents(Event* event, int delay) {
   if (!mAgendaEvents.is_current_in()) return 0;
   // The search does not step: it is meant for the head. Volatile, or the compiler may leave out a loop that
   // changes nothing, and this one would end.
-  for (Event* volatile found = nullptr; found != event;) found = mAgendaEvents.current();
+  Event* volatile found;
+  do found = mAgendaEvents.current();
+  while (found != event);
   Cell<Event*>* next = mAgendaEvents.get_currentCell()->GetNextCell();
   RemoveCurrentInAgenda();
   mAgendaIndex.Forget();

@@ -42,9 +42,7 @@ class HerdTest : public ::testing::Test {
 
 // The numbers of a whole season, as they were when the model was last changed: what reaches them are all
 // parts of the kernel, and a change that shifts one of them is seen here.
-TEST_F(HerdTest, LivesTheSeasonThatIsKnown) {
-  EXPECT_EQ(Run("-BATCH"), ReadAll(HERD_GOLDEN));
-}
+TEST_F(HerdTest, LivesTheSeasonThatIsKnown) { EXPECT_EQ(Run("-BATCH"), ReadAll(HERD_GOLDEN)); }
 
 TEST_F(HerdTest, RepeatsARunByItsNumber) {
   const std::string third = Run("-BATCH -IDN 3");
@@ -58,8 +56,9 @@ TEST_F(HerdTest, NamesTheEventThatTheAgendaRefuses) {
 
 TEST_F(HerdTest, ExportsItsClasses) {
   Run("-EXPORT");
-  EXPECT_NE(File("herd_classes.cls").find("\nEntity Cow {\n\tClassSymbol\t\t: Cow\n\tClassName\t\t: Cow"
-                                          "\n\tSetParentClassId\t: KV_ENTITY"),
+  EXPECT_NE(File("herd_classes.cls")
+                .find("\nEntity Cow {\n\tClassSymbol\t\t: Cow\n\tClassName\t\t: Cow"
+                      "\n\tSetParentClassId\t: KV_ENTITY"),
             std::string::npos)
       << File("herd_classes.cls");
   EXPECT_NE(File("herd_descriptors.cls").find("\nDescriptor SeasonMilk {"), std::string::npos);

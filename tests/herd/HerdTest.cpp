@@ -28,13 +28,14 @@ class HerdTest : public ::testing::Test {
   HerdTest() {
     for (const auto& entry : std::filesystem::directory_iterator(HERD_FOLDER))
       if (entry.is_regular_file()) std::filesystem::copy(entry.path(), mFolder.Path(entry.path().filename()));
+    Write("words", "");
   }
 
   std::string File(const char* name) const { return ReadAll(mFolder.Path(name)); }
   /// What the herd prints.
   std::string Run(const std::string& options, const std::string& outputs = "season.out") const {
     const std::string command = "cd '" + mFolder.Path("") + "' && '" HERD_PROGRAM "' season.prm season.sim " +
-                                outputs + " season.str season.dir " + options + " </dev/null >printed 2>&1";
+                                outputs + " season.str season.dir " + options + " <words >printed 2>&1";
     EXPECT_EQ(std::system(command.c_str()), 0) << options;
     return File("printed");
   }
@@ -78,6 +79,24 @@ TEST_F(HerdTest, ARunOfADesignGivesWhatItGivesAlone) {
     EXPECT_EQ(inDesign[name], LinesOfRun(run, File(name))) << name;
     EXPECT_NE(inDesign[name], "") << name;
   }
+}
+
+TEST_F(HerdTest, AnswersItsUserInterface) {
+  Write("words",
+        "EXEC EVENTSTEP MODIFY - hortense weight 700 QUERY DESCRIPTOR hortense weight CURRENTVALUE "
+        "QUERY STRUCTURE hortense EXEC CONTINU 0 EXIT ");
+  const std::string dialogue = Run("");
+  const char* const answers[] = {
+      "\n\nUPDATE DATE {jour 92 ; 0h0' | UT 0 | 0%}\nWAIT MESSAGE\n",
+      "ANSWER DESCRIPTOR hortense weight F 0 5472 -9 -9 1 1 {0 ; 700 | }\n",
+      "ANSWER STRUCTURE hortense COMP {Udder_92 VOID {} } \n",
+  };
+  std::size_t place = 0;
+  for (const char* answer : answers) {
+    place = dialogue.find(answer, place);
+    ASSERT_NE(place, std::string::npos) << answer << "in" << dialogue;
+  }
+  EXPECT_EQ(dialogue.find("FIN RUN"), std::string::npos);  // EXIT came first
 }
 
 TEST_F(HerdTest, NamesTheEventThatTheAgendaRefuses) {

@@ -227,6 +227,23 @@ TEST_F(ConsequencesTest, AnEventGoesOnWithoutAProcessThatDied) {
   EXPECT_EQ(Run(), "traite@5 ");
 }
 
+TEST_F(ConsequencesTest, ACopyOfTheSimulationRunsItsOwnEvents) {
+  simulation->SetEndClock(20);
+  Post(NewMilking(), EXEC, 7, 10);
+  Post(NewGrass(2), INIT, 7, 20);
+  {
+    Simulation copy(*simulation);
+    pCurrentSim = &copy;
+    EXPECT_EQ(copy.EndClock(), 20);
+    copy.RunBatch(10);
+    EXPECT_EQ(gLog, "traite@7 init@7 ");
+    pCurrentSim = simulation;
+  }
+  // The end of a simulation frees the processes of all.
+  EXPECT_EQ(simulation->RunBatch(10), 2);
+  EXPECT_EQ(gLog, "traite@7 init@7 ");
+}
+
 TEST_F(ConsequencesTest, FlagsWithoutBodiesEndTheRun) {
   EXPECT_NE(FailureOf([&] {
               Post(NewMilking(), EXEC, 1)->HasPostConsequence(1);

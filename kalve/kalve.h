@@ -3,7 +3,6 @@
 
 #include "kalve/descriptors/Descriptor.h"
 #include "kalve/descriptors/EntityDescriptors.h"
-#include "kalve/descriptors/Holders.h"
 #include "kalve/descriptors/PredefinedAttributes.h"
 #include "kalve/descriptors/ScalarDescriptor.h"
 #include "kalve/descriptors/ScalarDescriptors.h"
@@ -19,6 +18,7 @@
 #include "kalve/foundations/CoreTime.h"
 #include "kalve/foundations/Enumerations.h"
 #include "kalve/foundations/FixedText.h"
+#include "kalve/foundations/Holders.h"
 #include "kalve/foundations/InstanceTable.h"
 #include "kalve/foundations/Liste.h"
 #include "kalve/foundations/NameTables.h"
@@ -51,6 +51,7 @@
 #include "kalve/model/DescribedAccess.h"
 #include "kalve/model/DescriptedEntity.h"
 #include "kalve/model/Entity.h"
+#include "kalve/model/LinkTable.h"
 #include "kalve/model/MetaClass.h"
 #include "kalve/model/ValueRows.h"
 #include "kalve/monitors/DescValueMonitor.h"

@@ -193,12 +193,13 @@ void EntityTabVariableDescriptor::SetValueElement(BasicEntity* entity, int rank,
   MonitorMethod* asked =
       withMonitor != 0 ? AskedMethod(DescValueMonitor::setSlot, WHEN_SET_ENTITYTAB) : nullptr;
   if (asked != nullptr) {
-    Table candidate(*mValue.Get());
-    candidate.set_nth(rank, entity);
+    auto* const candidate = new Table(*mValue.Get());
+    candidate->set_nth(rank, entity);
     asked->SetArgValue(CURRENTENTITYTABVALUE_ARGUMENT, mValue.Get());
-    asked->SetArgValue(CANDIDATEENTITYTABVALUE_ARGUMENT, &candidate);
-    asked->Call<Table*>();
+    asked->SetArgValue(CANDIDATEENTITYTABVALUE_ARGUMENT, candidate);
+    Table* const answered = asked->Call<Table*>();
     asked->SetArgValue(CANDIDATEENTITYTABVALUE_ARGUMENT, static_cast<Table*>(nullptr));  // about to die
+    if (answered != mValue.Get() && answered != mDefaultValue.Get()) delete answered;
     CheckRank(where, mValue.Get(), rank);
   }
   mValue.Get()->set_nth(rank, entity);

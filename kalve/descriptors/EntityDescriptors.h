@@ -158,8 +158,8 @@ class EntityTabVariableDescriptor : public EntityTabDescriptor<VariableDescripto
   /// answer than the candidate, the candidate is the body's.
   void SetValue(Table* table) { SetValue(table, 1); }
   void SetValue(Table* table, int withMonitor);
-  /// Replaces an entry; an index failure out of range. The monitor sees a table with the new entry, and its
-  /// answer is ignored. Null is acceptable.
+  /// Replaces an entry; an index failure out of range. The monitor sees a new table with the new entry, which
+  /// changes hands as in SetValue; its answer counts for nothing. Null is acceptable.
   void SetValueElement(BasicEntity* entity, int rank) { SetValueElement(entity, rank, 1); }
   void SetValueElement(BasicEntity* entity, int rank, int withMonitor);
   /// The domain looks at the candidate, and what the monitor answers is added unless it is there.

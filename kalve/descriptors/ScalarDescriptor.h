@@ -8,7 +8,7 @@
 #pragma once
 
 #include "kalve/descriptors/Descriptor.h"
-#include "kalve/descriptors/Holders.h"
+#include "kalve/foundations/Holders.h"
 
 template <class Layer, class ValueKind>
 class ScalarDescriptor : public Layer {

@@ -8,8 +8,8 @@
 #pragma once
 
 #include "kalve/descriptors/Descriptor.h"
-#include "kalve/descriptors/Holders.h"
 #include "kalve/foundations/FailureReport.h"
+#include "kalve/foundations/Holders.h"
 
 template <class Layer, class ValueKind>
 class TableValue : public Layer {

@@ -6,7 +6,9 @@
 
 void Event::AddMethod(Method* method) {
   if (method->ObjectClass() != KV_EVENT) return;
-  mMethods.Add(method);
+  if (const int id = method->ClassSymbol(); id < 0)
+    return TabIndexOutOfRange(id, "Event::AddMethod", &mMethods.Ranks(), id, true);
+  mMethods.Add(method, "Event::AddMethod");
   static_cast<EventMethod*>(method)->DescribedEvent(this);
 }
 

@@ -97,7 +97,9 @@ void Process::SetPostponementDelay(IntBody body) {
 
 void Process::AddMethod(Method* method) {
   if (method->ObjectClass() != KV_PROCESS) return;
-  mMethods.Add(method);
+  if (const int id = method->ClassSymbol(); id < 0)
+    return TabIndexOutOfRange(id, "Process::AddMethod", &mMethods.Ranks(), id, true);
+  mMethods.Add(method, "Process::AddMethod");
   static_cast<ProcessMethod*>(method)->DescribedProcess(this);
 }
 

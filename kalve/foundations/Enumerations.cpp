@@ -51,9 +51,7 @@ const char* ObjectClassToChar(ObjectClassId kind) { return Name(objectClassNames
 
 const char* StringActionType(ActionType action) { return Name(actionNames, action, "UNSPECIFIED ACTION"); }
 
-const char* DescriptorSubclassToChar(DescriptorSubclassId subclass) {
-  return Name(subclassNames, subclass, nullptr);
-}
+const char* DescriptorSubclassToChar(int subclass) { return Name(subclassNames, subclass, nullptr); }
 
 const char* TimeUnitToChar(TimeUnit unit) { return Name(unitNames, unit, nullptr); }
 

@@ -116,7 +116,7 @@ const char* ObjectClassToChar(ObjectClassId kind);
 const char* StringActionType(ActionType action);
 
 /// "CONSTANT" or "VARIABLE"; null for any other number.
-const char* DescriptorSubclassToChar(DescriptorSubclassId subclass);
+const char* DescriptorSubclassToChar(int subclass);
 
 /// "DAY", "HOUR", "MINUTE", "SECOND"; null for any other number.
 const char* TimeUnitToChar(TimeUnit unit);

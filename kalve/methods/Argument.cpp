@@ -39,20 +39,6 @@ void Argument::TraceConstruction() const {
   std::printf("+Construction de l'argument %s %s\" %p\n", word, mClassName, static_cast<const void*>(this));
 }
 
-void HolderRing::Join(const HolderRing& other) {
-  mNext = other.mNext;
-  other.mNext = this;
-}
-
-bool HolderRing::Leave() {
-  if (mNext == this) return true;
-  const HolderRing* before = mNext;
-  while (before->mNext != this) before = before->mNext;
-  before->mNext = mNext;
-  mNext = this;
-  return false;
-}
-
 namespace {
 
 /// Calls `visit` with the argument as its tagged class: the only place that goes from tag to class.

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "kalve/foundations/Enumerations.h"
+#include "kalve/foundations/Holders.h"
 #include "kalve/foundations/SharedConstants.h"
 #include "kalve/foundations/Tableau.h"
 
@@ -91,21 +92,6 @@ class BorrowedTable {
   Value mTable = nullptr;
 };
 
-/// The holders of one table, in a ring, so that the last one knows that it is the last.
-class HolderRing {
- public:
-  HolderRing() = default;
-  HolderRing(const HolderRing&) = delete;
-  HolderRing& operator=(const HolderRing&) = delete;
-  /// The holder must be alone.
-  void Join(const HolderRing& other);
-  /// True when there was no other holder.
-  bool Leave();
-
- private:
-  mutable const HolderRing* mNext = this;
-};
-
 /// A table that dies with the last argument that holds it, whoever allocated it. An assignment shares it.
 /// A number table is null at first, a copy duplicates it, and the table replaced by Set goes back to the
 /// caller. A domain is empty at first, a copy shares it, and a replaced one is freed.
@@ -115,38 +101,36 @@ template <class Item, TableRole role>
 class ArgumentTable {
  public:
   using Value = Tableau<Item>*;
-  ArgumentTable() : mTable(isDomain ? new Tableau<Item> : nullptr) {}
+  ArgumentTable() {
+    if constexpr (isDomain) mTable.Made();
+  }
   ArgumentTable(const ArgumentTable& other) {
     if constexpr (isDomain)
-      Share(other);
-    else if (other.mTable != nullptr)
-      mTable = new Tableau<Item>(*other.mTable);
+      mTable.Share(other.mTable);
+    else
+      mTable.TakeCopy(other.mTable);
   }
   ArgumentTable& operator=(const ArgumentTable& other) {
     if (this == &other) return *this;
-    if (mHolders.Leave() && isDomain && mTable != other.mTable) delete mTable;
-    Share(other);
+    LetGo(other.Get());
+    mTable.Share(other.mTable);
     return *this;
   }
-  ~ArgumentTable() {
-    if (mHolders.Leave()) delete mTable;
-  }
-  Value Get() const { return mTable; }
+  Value Get() const { return mTable.Get(); }
   void Set(Value table) {
-    if (table == mTable) return;
-    if (mHolders.Leave() && isDomain) delete mTable;
-    mTable = table;
+    if (table == Get()) return;
+    LetGo(table);
+    mTable.Take(table);
   }
 
  private:
   static constexpr bool isDomain = role == TableRole::Domain;
-  void Share(const ArgumentTable& other) {
-    mTable = other.mTable;
-    mHolders.Join(other.mHolders);
+  /// Before `next` takes its place: a table of numbers is not freed, nor is any that comes again.
+  void LetGo(const Tableau<Item>* next) {
+    if (!isDomain || next == Get()) mTable.Release();
   }
 
-  Value mTable = nullptr;
-  HolderRing mHolders;
+  HeldTable<Item> mTable;
 };
 
 // The arguments ----------------------------------------------------------------------------------------
@@ -202,7 +186,10 @@ class EntityTabArgument : public TypedArgument<ENTITY_TAB, BorrowedTable<BasicEn
 class IntDomainArgument : public TypedArgument<INTDOMAIN, ArgumentTable<IntInterval*, TableRole::Domain>> {
   KALVE_ARGUMENT(IntDomainArgument)
   /// Appends to the held table; the interval stays the caller's.
-  void AddValue(IntInterval* interval) { GetValue()->push_back(interval); }
+  void AddValue(IntInterval* interval) {
+    if (GetValue() == nullptr) SetValue(new Tableau<IntInterval*>);
+    GetValue()->push_back(interval);
+  }
 };
 class DescValueSpecArgument : public TypedArgument<P_DESCVALUESPEC, PlainValue<DescValueSpec*>> {
   KALVE_ARGUMENT(DescValueSpecArgument)

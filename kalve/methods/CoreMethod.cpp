@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/FailureReport.h"
 #include "kalve/foundations/NameTables.h"
 #include "kalve/foundations/Tableau.h"
 
@@ -54,9 +54,8 @@ void Fill(Tableau<const char*>& table, int& tableSize, const auto& names) {
 }
 
 const char* NameOf(int id, const Tableau<const char*>& table, const char* where) {
-  if (id >= 0 && id < table.size()) return table[id];
-  TabIndexOutOfRange(id, where, &table, id, true);
-  exitOnException(0);
+  if (id < 0 || id >= table.size()) FailOnIndex(where, table.size(), id);
+  return table[id];
 }
 
 }  // namespace

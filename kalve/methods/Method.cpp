@@ -58,24 +58,15 @@ void Method::ClassShortComment(const char* comment) { mClassShortComment = std::
 
 // Arguments --------------------------------------------------------------------------------------------
 
-namespace {
-
-[[noreturn]] void FailOnIndex(const char* where, const Tableau<int>& table, int index) {
-  TabIndexOutOfRange(index, where, &table, index, true);
-  exitOnException(0);
-}
-
-}  // namespace
-
 void Method::AddArg(Argument* argument) {
   const int id = argument->ClassSymbol();
-  if (id < 0) FailOnIndex("Method::AddArg", mDualArgumentTab, id);
+  if (id < 0) FailOnIndex("Method::AddArg", mDualArgumentTab.size(), id);
   mArgumentTab.push_back_ifnew(argument);
   set_nth_num(mDualArgumentTab, id, mArgumentTab.size() - 1);
 }
 
 Argument* Method::GetArg(int id) {
-  if (id < 0 || id >= mDualArgumentTab.size()) FailOnIndex("Method::GetArg", mDualArgumentTab, id);
+  if (id < 0 || id >= mDualArgumentTab.size()) FailOnIndex("Method::GetArg", mDualArgumentTab.size(), id);
   const int rank = mDualArgumentTab[id];
   if (rank < 0) InexistantArgument(this, id);
   return mArgumentTab[rank];
@@ -85,10 +76,7 @@ void Method::TakeValues(const Method& source, const char* leafName, ValueTypeSet
   for (int rank = 0; rank < source.mArgumentTab.size(); ++rank) {
     Argument* argument = source.mArgumentTab[rank];
     if (!accepted.Has(argument->ClassType())) UnsupportedArgumentType(leafName, argument);
-    if (rank >= mArgumentTab.size()) {
-      TabIndexOutOfRange(rank, leafName, &mArgumentTab, rank, true);
-      exitOnException(0);
-    }
+    if (rank >= mArgumentTab.size()) FailOnIndex(leafName, mArgumentTab.size(), rank);
     Argument& own = *mArgumentTab[rank];
     if (own.ClassType() != argument->ClassType()) UnsupportedArgumentType(leafName, argument);
     AssignArgument(own, *argument);

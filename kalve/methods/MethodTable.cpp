@@ -3,6 +3,7 @@
 #include <cstring>
 #include <new>
 
+#include "kalve/foundations/FailureReport.h"
 #include "kalve/methods/Method.h"
 
 Method* NewMethodCopy(const Method& source, ValueTypeSet kept) {
@@ -17,16 +18,16 @@ void DestroyMethod(Method* method) {
   ::operator delete(method);
 }
 
-void MethodTable::Add(Method* method) {
+void MethodTable::Add(Method* method, const char* where) {
   const int id = method->ClassSymbol();
-  if (id < 0) ThrowIndex(id);
+  if (id < 0) FailOnIndex(where, mDualMethodTab.size(), id);
   mMethodTab.push_back_ifnew(method);
   set_nth_num(mDualMethodTab, id, mMethodTab.size() - 1);
 }
 
 Method* MethodTable::Named(const char* name) const {
   for (Method* method : mMethodTab)
-    if (std::strcmp(method->StoredClassName(), name) == 0) return method;
+    if (std::strcmp(OrEmpty(method->StoredClassName()), OrEmpty(name)) == 0) return method;
   return nullptr;
 }
 

@@ -21,8 +21,8 @@ class MethodTable {
   MethodTable& operator=(const MethodTable&) = delete;
 
   /// Appends a method that is not there yet; its id leads to the last rank from now on. The owner has
-  /// checked the method's kind, and tells it whom it describes. A negative id throws an `int`.
-  void Add(Method* method);
+  /// checked the method's kind, and tells it whom it describes. A negative id is an index failure of `where`.
+  void Add(Method* method, const char* where);
 
   /// The method of an id. Throws an `int` for an id beyond the table, and for one without a method.
   Method* operator[](int id) const { return mMethodTab[mDualMethodTab[id]]; }

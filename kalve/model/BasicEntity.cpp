@@ -196,12 +196,12 @@ void BasicEntity::CheckTakesElements(const char* operation) const {
 
 Tableau<BasicEntity*> BasicEntity::GetElementTab() const {
   CheckTakesElements("BasicEntity::GetElementTab()");
-  return mElementTab;
+  return mElementTab.Entries();
 }
 
 void BasicEntity::GetElementTab(Tableau<BasicEntity*>& elements) const {
   CheckTakesElements("BasicEntity::GetElementTab(tab)");
-  elements = mElementTab;
+  elements = mElementTab.Entries();
 }
 
 void BasicEntity::SetElementTab(Tableau<BasicEntity*>& elements) {
@@ -211,7 +211,7 @@ void BasicEntity::SetElementTab(Tableau<BasicEntity*>& elements) {
 
 void BasicEntity::SetElementTabIncrement(int step) {
   CheckTakesElements("BasicEntity::SetElementTabIncrement(n)");
-  mElementTab.sizeIncrement(step);
+  mElementTab.SizeIncrement(step);
 }
 
 BasicEntity* BasicEntity::GetBasicElement() const {
@@ -230,7 +230,7 @@ BasicEntity* BasicEntity::GetBasicElement(int rank) const {
 
 int BasicEntity::GetElementPosition(BasicEntity* element) const {
   CheckTakesElements("BasicEntity::GetElementPosition(e)");
-  return mElementTab.position(element);
+  return mElementTab.RankOf(element);
 }
 
 // Reading super-sets and the monitor ----------------------------------------------------------------------

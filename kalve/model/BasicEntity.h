@@ -21,6 +21,7 @@
 
 #include "kalve/foundations/Enumerations.h"
 #include "kalve/foundations/Tableau.h"
+#include "kalve/model/LinkTable.h"
 
 class BasicEntity {
  public:
@@ -186,9 +187,9 @@ class BasicEntity {
   int RemoveSuperSet(BasicEntity* set);
   int RemoveSuperSetNoPropagate(BasicEntity* set);
   // Reads: BasicEntity.cpp, EntityCasts.cpp
-  Tableau<BasicEntity*> GetSuperSetTab() const { return mSuperSetTab; }
+  Tableau<BasicEntity*> GetSuperSetTab() const { return mSuperSetTab.Entries(); }
   /// False for the first super-set of the table.
-  bool HasInSuperSets(BasicEntity* set) const { return mSuperSetTab.position(set) > 0; }
+  bool HasInSuperSets(BasicEntity* set) const { return mSuperSetTab.RankOf(set) > 0; }
   /// NoSuperSet and null without any.
   BasicEntity* GetBasicSuperSet() const;
   Entity* GetSuperSet() const;
@@ -258,7 +259,7 @@ class BasicEntity {
   Simulation* GetSimulation() const { return mpSimulation; }
 
   // For the kernel: the bare tables, which may hold dead partners, whatever the entity is built for.
-  const Tableau<BasicEntity*>& BareElementTab() const { return mElementTab; }
+  const Tableau<BasicEntity*>& BareElementTab() const { return mElementTab.Entries(); }
   const Tableau<BasicEntity*>& BareComponentTab() const { return mComponentTab; }
   // Its rank in the instance table of a class, -9 for none.
   int RankIn(const MetaClass* metaClass) const;
@@ -320,8 +321,9 @@ class BasicEntity {
   BasicEntity* Linked(BasicEntity* element);
   BasicEntity* RefusedToAdd(BasicEntity* element);
   void CountNewElement(BasicEntity* element);
+  bool HasElementAt(int position) const;
   bool MayLeave(BasicEntity* element);
-  void TakeOut(int position, BasicEntity* element);
+  void TakeOut(int place);
   void TakeNewElement(BasicEntity* element);
 
   // Records of outputs: BasicEntityOutputs.cpp
@@ -339,9 +341,9 @@ class BasicEntity {
   Tableau<int> mComponentClassIds;
   Tableau<BasicEntity*> mComponentTab;  // same ranks as mComponentClassIds
   Tableau<int> mSuperSetClassIds;
-  Tableau<BasicEntity*> mSuperSetTab;
+  LinkTable mSuperSetTab;
   int mNumberOfSuperSets = 0;
-  Tableau<BasicEntity*> mElementTab;
+  LinkTable mElementTab;
   int mNumberOfElements = 0;  // the size of mElementTab, except after SetElementTab
   BasicEntity* mpSuperEntity = nullptr;
   int mHasSuperEntity = 0;  // stays 1 when the super-entity goes

@@ -113,7 +113,7 @@ void BasicEntity::CopyComponentsOf(const BasicEntity& source, PartCopy parts, bo
 void BasicEntity::CopyElementsOf(const BasicEntity& source, PartCopy parts, bool withMonitors) {
   const bool printsSteps = parts == PartCopy::PlainWithSteps;
   if (printsSteps) std::printf("\n\t étape %d Elements\n", source.mNumberOfElements);
-  const Tableau<BasicEntity*> elements = source.mElementTab;
+  const Tableau<BasicEntity*> elements = source.mElementTab.Entries();
   for (int i = 0; i < elements.size(); ++i) {
     if (!IsLivingEntity(elements[i])) continue;
     const BasicEntity& element = *elements[i];
@@ -133,9 +133,9 @@ BasicEntity::~BasicEntity() {
               << static_cast<const void*>(this) << " "
               << "(pas de ses éléments)";
   TellDeletionToOutputs();
-  for (BasicEntity* element : Tableau<BasicEntity*>(mElementTab))
+  for (BasicEntity* element : Tableau<BasicEntity*>(mElementTab.Entries()))
     if (IsLivingEntity(element)) element->RemoveSuperSetNoPropagate(this);
-  for (BasicEntity* set : Tableau<BasicEntity*>(mSuperSetTab))
+  for (BasicEntity* set : Tableau<BasicEntity*>(mSuperSetTab.Entries()))
     if (IsLivingEntity(set)) set->RemoveElementNoPropagate(this);
   if (IsLivingEntity(mpSuperEntity)) mpSuperEntity->RemoveComponent(this);
   for (BasicEntity* component : Tableau<BasicEntity*>(mComponentTab))

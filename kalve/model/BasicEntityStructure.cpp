@@ -178,8 +178,8 @@ BasicEntity* BasicEntity::AddElement(BasicEntity* element) {
   if (element == nullptr) return nullptr;
   CheckNewElement(element, FailAsSuperSet);
   BasicEntity* const entering = EnteringFor(element);
-  if (entering == nullptr || mElementTab.position(entering) >= 0) return RefusedToAdd(element);
-  mElementTab.push_back(entering);
+  if (entering == nullptr || mElementTab.Has(entering)) return RefusedToAdd(element);
+  mElementTab.Add(entering);
   return Linked(element);
 }
 
@@ -187,8 +187,8 @@ BasicEntity* BasicEntity::AddElement(BasicEntity* element, int withMonitor) {
   if (withMonitor != 0) return AddElement(element);
   if (element == nullptr) return nullptr;
   CheckNewElement(element, FailAsPart);
-  if (mElementTab.position(element) < 0) {
-    mElementTab.push_back(element);
+  if (!mElementTab.Has(element)) {
+    mElementTab.Add(element);
     CountNewElement(element);
   }
   element->ForceSuperSet(this);
@@ -201,7 +201,7 @@ BasicEntity* BasicEntity::AddElementNoCheckIfNew(BasicEntity* element) {
   CheckNewElement(element, FailAsSuperSet);
   BasicEntity* const entering = EnteringFor(element);
   if (entering == nullptr) return RefusedToAdd(element);
-  mElementTab.push_back(entering);
+  mElementTab.Add(entering);
   return Linked(element);
 }
 
@@ -212,7 +212,7 @@ BasicEntity* BasicEntity::InsertElement(int position, BasicEntity* element) {
   if (entering == nullptr) return RefusedToAdd(element);
   if (position < 0 || position > mElementTab.size())
     FailOnIndex("BasicEntity::InsertElement", mElementTab.size(), position);
-  mElementTab.insert(position, entering);
+  mElementTab.Insert(position, entering);
   return Linked(element);
 }
 
@@ -220,11 +220,11 @@ void BasicEntity::ForceElement(BasicEntity* element) {
   if (element == nullptr) return;
   const bool isMonitored = MonitorAnswers(WHEN_ADD_ELEMENT);
   BasicEntity* const entering = EnteringFor(element);
-  if (entering == nullptr || (isMonitored && mElementTab.position(entering) >= 0)) {
+  if (entering == nullptr || (isMonitored && mElementTab.Has(entering))) {
     RefusedToAdd(element);
     return;
   }
-  mElementTab.push_back(entering);
+  mElementTab.Add(entering);
   CountNewElement(element);
   GiveElementItem(element);
 }
@@ -256,22 +256,20 @@ bool BasicEntity::MayLeave(BasicEntity* element) {
   return false;
 }
 
-/// The monitor may have moved the element, or taken it out already.
-void BasicEntity::TakeOut(int position, BasicEntity* element) {
-  const bool isThere = position < mElementTab.size() && mElementTab[position] == element;
-  const int found = isThere ? position : mElementTab.position(element);
-  if (found < 0) return;
-  mElementTab.remove(found);
+/// Nothing at -9: the monitor may have taken the element out already.
+void BasicEntity::TakeOut(int place) {
+  if (place < 0) return;
+  mElementTab.RemoveAt(place);
   --mNumberOfElements;
 }
 
 BasicEntity* BasicEntity::RemoveElement(BasicEntity* element) {
   if (element == nullptr) return nullptr;
-  const int position = mElementTab.position(element);
-  if (position < 0) return element;
+  const int place = mElementTab.PlaceOf(element);
+  if (place < 0) return element;
   const bool isMonitored = MonitorAnswers(WHEN_REMOVE_ELEMENT);
   if (!MayLeave(element)) return element;
-  TakeOut(position, element);
+  TakeOut(isMonitored ? mElementTab.PlaceOf(element) : place);
   if (!IsLivingEntity(element)) return nullptr;
   if (!isMonitored) element->RemoveSuperSet(this);
   Tell("ELEMREM", *this, *element);
@@ -281,18 +279,24 @@ BasicEntity* BasicEntity::RemoveElement(BasicEntity* element) {
 BasicEntity* BasicEntity::RemoveElement(BasicEntity* element, int withMonitor) {
   if (withMonitor != 0) return RemoveElement(element);
   if (element == nullptr) return nullptr;
-  const int position = mElementTab.position(element);
-  if (position < 0) return element;
-  TakeOut(position, element);
+  const int place = mElementTab.PlaceOf(element);
+  if (place < 0) return element;
+  TakeOut(place);
   if (IsLivingEntity(element)) element->RemoveSuperSet(this);
   return nullptr;
 }
 
+bool BasicEntity::HasElementAt(int position) const {
+  return position >= 0 && position < mNumberOfElements && position < mElementTab.size();
+}
+
 BasicEntity* BasicEntity::RemoveElement(int position) {
-  if (position < 0 || position >= mNumberOfElements || position >= mElementTab.size()) return nullptr;
+  if (!HasElementAt(position)) return nullptr;
   BasicEntity* const element = mElementTab[position];
   if (!MayLeave(element)) return nullptr;
-  TakeOut(position, element);
+  // The monitor may have moved it.
+  const bool isThere = position < mElementTab.size() && mElementTab[position] == element;
+  TakeOut(isThere ? mElementTab.PlaceAt(position) : mElementTab.PlaceOf(element));
   if (!IsLivingEntity(element)) return nullptr;
   element->RemoveSuperSet(this);
   Tell("ELEMREM", *this, *element);
@@ -301,19 +305,20 @@ BasicEntity* BasicEntity::RemoveElement(int position) {
 
 BasicEntity* BasicEntity::RemoveElement(int position, int withMonitor) {
   if (withMonitor != 0) return RemoveElement(position);
-  if (position < 0 || position >= mNumberOfElements || position >= mElementTab.size()) return nullptr;
+  if (!HasElementAt(position)) return nullptr;
   BasicEntity* const element = mElementTab[position];
-  TakeOut(position, element);
+  TakeOut(mElementTab.PlaceAt(position));
   if (IsLivingEntity(element)) element->RemoveSuperSet(this);
   return nullptr;
 }
 
 BasicEntity* BasicEntity::RemoveElementNoPropagate(BasicEntity* element) {
   if (element == nullptr) return nullptr;
-  const int position = mElementTab.position(element);
-  if (position < 0) return element;
+  const int place = mElementTab.PlaceOf(element);
+  if (place < 0) return element;
+  const bool isMonitored = MonitorAnswers(WHEN_REMOVE_ELEMENT);
   if (!MayLeave(element)) return element;
-  TakeOut(position, element);
+  TakeOut(isMonitored ? mElementTab.PlaceOf(element) : place);
   if (IsLivingEntity(element)) Tell("ELEMREM", *this, *element);
   return nullptr;
 }
@@ -329,19 +334,19 @@ BasicEntity* BasicEntity::RemoveElements() {
 /// A new element of ReplaceElement: entered first, and checked against its first declared super-set alone.
 void BasicEntity::TakeNewElement(BasicEntity* element) {
   if (!IsOfClassOrBelow(*element, mElementClassId)) FailAsPart(this, element);
-  mElementTab.push_back(element);
+  mElementTab.Add(element);
   if (element->mSuperSetClassIds.empty() || !IsOfClassOrBelow(*this, element->mSuperSetClassIds[0]))
     FailAsSuperSet(this, element);
   element->ForceSuperSet(this);
 }
 
 int BasicEntity::ReplaceElement(BasicEntity* old, Tableau<BasicEntity*> news) {  // NOLINT: may be this table
-  const int position = mElementTab.position(old);
+  const int position = mElementTab.RankOf(old);
   if (position < 0) return 0;
-  const Tableau<BasicEntity*> before = mElementTab;
+  const Tableau<BasicEntity*> before = mElementTab.Entries();
   RemoveElements();
-  mElementTab.erase();
-  for (int i = 0; i < position; ++i) mElementTab.push_back(before[i]);
+  mElementTab.Clear();
+  for (int i = 0; i < position; ++i) mElementTab.Add(before[i]);
   mNumberOfElements = position;
   if (IsLivingEntity(old)) {
     if (MonitorAnswers(WHEN_REMOVE_ELEMENT)) {
@@ -355,7 +360,7 @@ int BasicEntity::ReplaceElement(BasicEntity* old, Tableau<BasicEntity*> news) { 
   }
   for (BasicEntity* element : news)
     if (element != nullptr) TakeNewElement(element);
-  for (int i = position + 1; i < before.size(); ++i) mElementTab.push_back(before[i]);
+  for (int i = position + 1; i < before.size(); ++i) mElementTab.Add(before[i]);
   mNumberOfElements = mElementTab.size();
   return 1;
 }
@@ -374,7 +379,7 @@ void BasicEntity::AddSuperSet(BasicEntity* set) {
 }
 
 void BasicEntity::ForceSuperSet(BasicEntity* set) {
-  mSuperSetTab.push_back(set);
+  mSuperSetTab.Add(set);
   ++mNumberOfSuperSets;
 }
 
@@ -385,9 +390,9 @@ int BasicEntity::RemoveSuperSet(BasicEntity* set) {
 }
 
 int BasicEntity::RemoveSuperSetNoPropagate(BasicEntity* set) {
-  const int position = mSuperSetTab.position(set);
-  if (position < 0) return 0;
-  mSuperSetTab.remove(position);
+  const int place = mSuperSetTab.PlaceOf(set);
+  if (place < 0) return 0;
+  mSuperSetTab.RemoveAt(place);
   --mNumberOfSuperSets;
   return 1;
 }

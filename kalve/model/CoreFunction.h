@@ -134,6 +134,20 @@ void MemoryReport();
 /// The same when `force` is 1 or the start-up option for it was given.
 void MemoryReport(int force);
 
+// Class files: ClassExport.cpp
+/// Writes what tools need to know of the classes that users may instantiate: into `classFile` each class with
+/// its first parent and what it declares, into the other two each descriptor and method once. The files stay
+/// open. A class of an application is read from its first instance (EmptyInstanceListForMetaClass), and all
+/// ids need a name in their table.
+///
+/// A row lists the classes that have declared its id, and grows; what an ancestor has declared is not
+/// declared again. Classes are visited by rising symbol: a parent of a higher symbol than its child comes too
+/// late. Missing rows are made, and belong to the caller.
+void WriteToCls(std::FILE* classFile, std::FILE* descriptorFile, std::FILE* methodFile,
+                Tableau<Tableau<int>*>& descriptorRows, Tableau<Tableau<int>*>& methodRows);
+/// Makes an entity of each of the three layers, which nobody frees.
+void K_InstantiateClassesForCls();
+
 // Positions: the first index of a match, -9 for none.
 template <class T>
 int GetPosition(const Tableau<T*>& items, const std::type_identity_t<T>* item) {

@@ -78,12 +78,12 @@ void DescriptedEntity::DepthDeleteStringTabValue(int id) {
 // Tables of entities
 
 void DescriptedEntity::AddEntityValueElement(int id, BasicEntity* entity) {
-  Access<EntityTabRow>(*this, id, "add entity value", [&](auto& tab) { tab.AddValueElement(entity); });
+  Access<EntityTabRow>(*this, id, "add entity value tab", [&](auto& tab) { tab.AddValueElement(entity); });
 }
 
 void DescriptedEntity::AddEntityValueElement(int id, BasicEntity* entity, Boolean trigger) {
   Access<EntityTabRow>(
-      *this, id, "add entity value", [&](auto& tab) { tab.AddValueElement(entity, trigger); },
+      *this, id, "add entity value tab", [&](auto& tab) { tab.AddValueElement(entity, trigger); },
       [&](auto& tab) {
         TellUselessTriggerOfChange(id, "AddEntityValueElement", EntityRow::spelling);
         tab.AddValueElement(entity);

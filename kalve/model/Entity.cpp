@@ -50,9 +50,7 @@ Entity::~Entity() {
 
 void Entity::AddMethod(Method* method) {
   if (method->ObjectClass() != KV_ENTITY) BadMethodTypeWhenAdd(this, method);
-  if (method->ClassSymbol() < 0)
-    FailOnIndex("Entity::AddMethod", mMethods.Ranks().size(), method->ClassSymbol());
-  mMethods.Add(method);
+  mMethods.Add(method, "Entity::AddMethod");
   static_cast<EntityMethod*>(method)->DescribedEntity(this);
 }
 

@@ -36,6 +36,8 @@ class Entity : public DescriptedEntity {
   Method* GetMethodWithBody(int id) const;
   /// In order of addition.
   Tableau<Method*> MethodTab() const { return mMethods.Methods(); }
+  /// Rank by id, negative for an id without method.
+  Tableau<int> DualMethodTab() const { return mMethods.Ranks(); }
 
   /// Gives a method its body, or takes it away with null; BadMethodValueType when the method answers another
   /// type.

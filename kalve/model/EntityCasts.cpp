@@ -32,7 +32,7 @@ Entity* BasicEntity::GetSuperSet(int rank) const { return Cast(GetBasicSuperSet(
 
 Entity* BasicEntity::GetLastElement() const {
   CheckTakesElements("BasicEntity::GetLastElement()");
-  if (!mElementTab.empty()) return Cast(mElementTab.back());
+  if (!mElementTab.empty()) return Cast(mElementTab[mElementTab.size() - 1]);
   NoElement(this);
   return nullptr;
 }
@@ -40,22 +40,24 @@ Entity* BasicEntity::GetLastElement() const {
 Entity* BasicEntity::GetNamedElement(const char* name) const {
   CheckTakesElements("BasicEntity::GetNamedElement(nom)");
   Entity* const found = FirstLiving(
-      mElementTab, [&](const BasicEntity& e) { return std::strcmp(e.InstanceName(), name) == 0; });
+      mElementTab.Entries(), [&](const BasicEntity& e) { return std::strcmp(e.InstanceName(), name) == 0; });
   if (found == nullptr) NoNamedElement(this, name);
   return found;
 }
 
 Entity* BasicEntity::GetClassNamedElement(const char* className) const {
   CheckTakesElements("BasicEntity::GetClassNamedElement(nom)");
-  Entity* const found = FirstLiving(
-      mElementTab, [&](const BasicEntity& e) { return std::strcmp(e.ClassName(), className) == 0; });
+  Entity* const found = FirstLiving(mElementTab.Entries(), [&](const BasicEntity& e) {
+    return std::strcmp(e.ClassName(), className) == 0;
+  });
   if (found == nullptr) NoNamedElement(this, className);
   return found;
 }
 
 Entity* BasicEntity::GetClassNamedElement(int id) const {
   CheckTakesElements("BasicEntity::GetClassNamedElement(id)");
-  Entity* const found = FirstLiving(mElementTab, [&](const BasicEntity& e) { return e.ClassId() == id; });
+  Entity* const found =
+      FirstLiving(mElementTab.Entries(), [&](const BasicEntity& e) { return e.ClassId() == id; });
   if (found == nullptr) NoClassNamedElement(this, id);
   return found;
 }

@@ -46,9 +46,9 @@ auto IsOfClass(int classId, bool exactly) {
 
 // Partners ------------------------------------------------------------------------------------------------
 
-Tableau<BasicEntity*> BasicEntity::LivingElements() const { return LivingOnes(mElementTab); }
+Tableau<BasicEntity*> BasicEntity::LivingElements() const { return LivingOnes(mElementTab.Entries()); }
 Tableau<BasicEntity*> BasicEntity::LivingComponents() const { return LivingOnes(mComponentTab); }
-Tableau<BasicEntity*> BasicEntity::LivingSuperSets() const { return LivingOnes(mSuperSetTab); }
+Tableau<BasicEntity*> BasicEntity::LivingSuperSets() const { return LivingOnes(mSuperSetTab.Entries()); }
 
 BasicEntity* BasicEntity::LivingSuperEntity() const {
   return mHasSuperEntity != 0 && IsLivingEntity(mpSuperEntity) ? mpSuperEntity : nullptr;

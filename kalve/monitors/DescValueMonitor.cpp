@@ -113,9 +113,7 @@ Method* DescValueMonitor::GetMethod(int id) const { return FoundMethod(id, "Desc
 
 void DescValueMonitor::AddMethod(Method* method) {
   if (method->ObjectClass() != KV_MONITOR) return;
-  if (method->ClassSymbol() < 0)
-    FailOnIndex("DescValueMonitor::AddMethod", mMethods.Ranks().size(), method->ClassSymbol());
-  mMethods.Add(method);
+  mMethods.Add(method, "DescValueMonitor::AddMethod");
   static_cast<MonitorMethod*>(method)->DescribedMonitor(this);
 }
 

@@ -63,7 +63,7 @@ Method* StructureMonitor::GetMethod(int id) const { return FoundMethod(id, "Stru
 
 void StructureMonitor::AddMethod(Method* method) {
   if (method->ObjectClass() != KV_MONITOR) return;
-  mMethods.Add(method);
+  mMethods.Add(method, "StructureMonitor::AddMethod");
   static_cast<MonitorMethod*>(method)->DescribedMonitor(this);
 }
 

@@ -16,21 +16,19 @@ int DaysOfMonth(int month, int year) {
 }
 
 /// Years of two digits are of this century; a 29 February without a year waits for the year.
-void CheckDay(const Position& where, int day, int month, std::optional<int> year) {
+std::string DayFault(int day, int month, std::optional<int> year) {
   const int written = year.value_or(0);
   const int fullYear = written <= 99 ? written + 2000 : written;
-  if (day >= 1 && day <= DaysOfMonth(month, fullYear)) return;
+  if (day >= 1 && day <= DaysOfMonth(month, fullYear)) return "";
   const std::string shownYear = year ? Text(" %d", *year) : std::string();
-  FaultInFile(where, Text("le jour %d %s%s n'existe pas", day, MonthToChar(month), shownYear.c_str()));
+  return Text("le jour %d %s%s n'existe pas", day, MonthToChar(month), shownYear.c_str());
 }
 
-/// The inverse is asked too: for an unknown word IndexMonth may answer the number of a month.
-int CheckedMonth(const Position& where, const std::string& month) {
+/// 0 for none. The inverse is asked too: for an unknown word IndexMonth may answer the number of a month.
+int MonthNumber(const std::string& month) {
   const int number = IndexMonth(month.c_str());
   const char* name = number >= 1 && number <= 12 ? MonthToChar(number) : nullptr;
-  if (name == nullptr || month != name)
-    SyntaxFault(where, Quoted(month), "JAN, FEV, MRS, AVR, MAI, JUN, JUL, AOU, SEP, OCT, NOV ou DEC");
-  return number;
+  return name != nullptr && month == name ? number : 0;
 }
 
 long SecondsPerTick() {
@@ -52,19 +50,32 @@ Date Today(const Date& time) {
 
 }  // namespace
 
+std::string TimeFault(const TimeOfDay& time) {
+  const auto [hour, minute, second] = time;
+  if (hour >= 0 && hour <= 23 && minute >= 0 && minute <= 59 && second >= 0 && second <= 59) return "";
+  return Text("l'heure %02d:%02d:%02d n'existe pas", hour, minute, second);
+}
+
+std::string DateFault(int day, const std::string& month, std::optional<int> year) {
+  const int number = MonthNumber(month);
+  if (number == 0)
+    return Text("lu : %s ; attendu : JAN, FEV, MRS, AVR, MAI, JUN, JUL, AOU, SEP, OCT, NOV ou DEC",
+                Quoted(month).c_str());
+  if (year && (*year < 0 || *year > 9999))
+    return Text("l'année %d n'est pas comprise entre 0 et 9999", *year);
+  return DayFault(day, number, year);
+}
+
 TimeOfDay CheckedTime(const Position& where, int hour, int minute, int second) {
-  if (hour < 0 || hour > 23 || minute < 0 || minute > 59 || second < 0 || second > 59)
-    FaultInFile(where, Text("l'heure %02d:%02d:%02d n'existe pas", hour, minute, second));
-  return {hour, minute, second};
+  const TimeOfDay time = {hour, minute, second};
+  if (const std::string fault = TimeFault(time); !fault.empty()) FaultInFile(where, fault);
+  return time;
 }
 
 Date CheckedDate(const Position& where, int day, const std::string& month, std::optional<int> year,
                  const TimeOfDay& time) {
-  const int number = CheckedMonth(where, month);
-  if (year && (*year < 0 || *year > 9999))
-    FaultInFile(where, Text("l'année %d n'est pas comprise entre 0 et 9999", *year));
-  CheckDay(where, day, number, year);
-  return {year.value_or(K_INT_UNSIGNIFICANT), number, day, time.hour, time.minute, time.second};
+  if (const std::string fault = DateFault(day, month, year); !fault.empty()) FaultInFile(where, fault);
+  return {year.value_or(K_INT_UNSIGNIFICANT), MonthNumber(month), day, time.hour, time.minute, time.second};
 }
 
 TimeUnit CheckedUnit(const Position& where, const std::string& unit) {
@@ -94,7 +105,8 @@ int ClockOf(const Moment& moment) {
   if (date.year < 0) {
     CheckHasClockUnit(moment.where);
     date.year = ClockValueToDate(pCurrentSim->Clock()).year;
-    CheckDay(moment.where, date.day, date.month, date.year);
+    const std::string fault = DayFault(date.day, date.month, date.year);
+    if (!fault.empty()) FaultInFile(moment.where, fault);
   }
   return ClockOfDate(moment.where, date);
 }

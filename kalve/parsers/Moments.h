@@ -22,6 +22,10 @@ struct Moment {
   Position where = {};
 };
 
+/// What is wrong with a time or a day, in French; "" when it exists.
+std::string TimeFault(const TimeOfDay& time);
+std::string DateFault(int day, const std::string& month, std::optional<int> year);
+
 /// From 00:00:00 to 23:59:59.
 TimeOfDay CheckedTime(const Position& where, int hour, int minute, int second);
 /// A day of the calendar. The year is kept as written, from 0 to 9999; -9 without one.

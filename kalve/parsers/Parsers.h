@@ -8,10 +8,12 @@
 /// Simulation parameters: clock unit, dates, directories of pCurrentSim (SimulationNotYetCreated without
 /// one).
 void Simu_Parser(LexicalInputFile* file);
+/// System parameters, each made as soon as it is read (BadDateParameterValue for a date that does not exist).
 void Param_Parser(LexicalInputFile* file);
 /// Entities with their links, values and bodies (SimulationNotYetCreated without pCurrentSim).
 void Structure_Parser(LexicalInputFile* file);
 void OutputSpec_Parser(LexicalInputFile* file);
 /// Directives: events for the agenda of pCurrentSim (SimulationNotYetCreated without one).
 void Directive_Parser(LexicalInputFile* file);
+/// A design of experiments, which becomes g_KV_DOE.
 void Expe_Parser(LexicalInputFile* file);

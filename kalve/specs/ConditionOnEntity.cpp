@@ -21,10 +21,15 @@ struct RowOf<DoubleSpecKind> {
   using Row = DoubleRow;
 };
 
-/// The value now, as it is stored. An entity of the lowest layer has no descriptor.
+/// An entity of the lowest layer has no descriptor.
+void CheckIsDescribed(const DescriptedEntity* entity, int descriptorId) {
+  if (entity->EntityType() < KV_DESCRIPTED_ENTITY) InexistantDescriptor(entity, descriptorId, "");
+}
+
+/// The value now, as it is stored.
 template <class Row>
 typename Row::Value Stored(const DescriptedEntity* entity, int descriptorId) {
-  if (entity->EntityType() < KV_DESCRIPTED_ENTITY) InexistantDescriptor(entity, descriptorId, "");
+  CheckIsDescribed(entity, descriptorId);
   return TriggeredAccess<Row>::Peek(*entity, descriptorId);
 }
 
@@ -73,14 +78,14 @@ int DescStringValueSpec::IsInDomain(DescriptedEntity* entity) {
 }
 
 int DescEntityValueSpec::IsInDomain(DescriptedEntity* entity) {
-  BasicEntity* const value = Stored<EntityRow>(entity, GetDescId());
-  const bool hasClass = mIsDomainAClass == 0 || IsLivingEntity(value);
-  return Meets(hasClass && Holds(value));
+  return Meets(Holds(Stored<EntityRow>(entity, GetDescId())));
 }
 
 // Draws
 
 void DescValueSpec::DrawInto(DescriptedEntity* entity) const {
+  if (mValueType < INT || mValueType > P_ENTITY) return;
+  CheckIsDescribed(entity, mDescId);
   switch (mValueType) {
     case INT:
       return entity->SetIntValue(mDescId, Drawn<DescIntValueSpec>(*this));

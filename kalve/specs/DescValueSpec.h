@@ -226,8 +226,8 @@ class DescEntityValueSpec : public DescValueSpec {
   Tableau<BasicEntity*>* GetDomain() { return &mEntityDomain; }
   Tableau<int>* GetClassDomain() { return &mClassDomain; }
 
-  /// Whether the entity is one of the domain's, or an instance of one of its classes. Null is in no class.
-  /// EntityDomains.cpp
+  /// Whether the entity is one of the domain's, or an instance of one of its classes. Null and the dead are
+  /// in no class. EntityDomains.cpp
   bool Holds(BasicEntity* entity) const;
   /// As Holds says, but null is always out. EntityDomains.cpp
   int IsOutOfDomain(BasicEntity* entity) const;

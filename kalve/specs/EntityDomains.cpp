@@ -15,8 +15,8 @@ void DescEntityValueSpec::AddSubDomain(const char* instanceName) {
 
 bool DescEntityValueSpec::Holds(BasicEntity* entity) const {
   if (mIsDomainAClass == 0) return mEntityDomain.position(entity) >= 0;
-  return entity != nullptr && std::any_of(mClassDomain.begin(), mClassDomain.end(),
-                                          [entity](int symbol) { return entity->IsInstanceOf(symbol); });
+  return IsLivingEntity(entity) && std::any_of(mClassDomain.begin(), mClassDomain.end(),
+                                               [entity](int symbol) { return entity->IsInstanceOf(symbol); });
 }
 
 int DescEntityValueSpec::IsOutOfDomain(BasicEntity* entity) const {

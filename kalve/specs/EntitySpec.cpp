@@ -155,7 +155,7 @@ void EntitySpec::AssignQuantityEvaluator(Evaluator body) {
 
 void EntitySpec::AddMethod(Method* method) {
   if (method->ObjectClass() != KV_ENTITYSPEC) return;
-  mMethods.Add(method);
+  mMethods.Add(method, "EntitySpec::AddMethod");
   static_cast<EntitySpecMethod*>(method)->DescribedEntitySpec(this);
 }
 

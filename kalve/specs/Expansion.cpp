@@ -84,7 +84,7 @@ void EntitySpec::MakeInstances(int classId, int limit) {
     if (!Function(ENTITYLIST_INSTANTIATOR).HasBodyAssigned()) NoInstantiationProcedure(ClassName(), classId);
     TakeListOfModel(classId, limit);
     for (BasicEntity* entity : *mpExpansion)
-      if (entity != nullptr) Initialise(entity);
+      if (IsLivingEntity(entity)) Initialise(entity);
     return;
   }
   for (int turn = 0; turn < limit; ++turn) {

@@ -43,7 +43,7 @@ std::string Left(int (*body)(MonitorMethod*), void (*operation)(Int&, int), int 
                                                                       : "dies";
 }
 
-TEST_F(Change, DomainLooksBeforeOrAfterTheMonitor) {
+TEST_F(Change, DomainLooksAtACandidateOfStepsBeforeTheMonitor) {
   using Body = int (*)(MonitorMethod*);
   constexpr Body bodies[] = {nullptr, Accept, To15, Refuse, To99};
   const struct {
@@ -55,24 +55,6 @@ TEST_F(Change, DomainLooksBeforeOrAfterTheMonitor) {
     std::vector<std::string> leftInside;
     std::vector<std::string> leftOutside;
   } rows[] = {
-      {"SetValue(v)",
-       [](Int& d, int v) { d.SetValue(v); },
-       12,
-       25,
-       {"12", "12", "15", "10", "fails"},
-       {"fails", "fails", "15", "10", "fails"}},
-      {"SetValue(v, 2)",
-       [](Int& d, int v) { d.SetValue(v, 2); },
-       12,
-       25,
-       {"12", "12", "15", "10", "fails"},
-       {"fails", "fails", "15", "10", "fails"}},
-      {"SetValue(v, 0)",
-       [](Int& d, int v) { d.SetValue(v, 0); },
-       12,
-       25,
-       {"12", "12", "12", "12", "12"},
-       {"fails", "fails", "fails", "fails", "fails"}},
       {"IncreaseValue(d)",
        [](Int& d, int v) { d.IncreaseValue(v); },
        2,
@@ -98,6 +80,110 @@ TEST_F(Change, DomainLooksBeforeOrAfterTheMonitor) {
       EXPECT_EQ(Left(bodies[i], row.operation, row.outside), row.leftOutside[i])
           << row.name << " outside " << i;
     }
+}
+
+// SetValue of every scalar: what is left of the current value, a candidate inside or outside of the domain,
+// and what a monitor answers, itself inside (other) or outside (stray).
+enum Answer { Unwatched, Accepting, Changing, Refusing, Straying };
+
+struct IntWay {
+  using Descriptor = IntVariableDescriptor;
+  using Monitor = IntDescValueMonitor;
+  static constexpr int current = 10, inside = 12, other = 15, outside = 25, stray = 99;
+  static constexpr auto assign = &Monitor::AssignWhenSetIntMethod;
+  static int Accepted(MonitorMethod* m) { return m->GetIntArgValue(31); }
+  static int Refused(MonitorMethod* m) { return m->GetIntArgValue(21); }
+};
+struct FloatWay {
+  using Descriptor = FloatVariableDescriptor;
+  using Monitor = FloatDescValueMonitor;
+  static constexpr float current = 10, inside = 12, other = 15, outside = 25, stray = 99;
+  static constexpr auto assign = &Monitor::AssignWhenSetFloatMethod;
+  static float Accepted(MonitorMethod* m) { return m->GetFloatArgValue(32); }
+  static float Refused(MonitorMethod* m) { return m->GetFloatArgValue(22); }
+};
+struct DoubleWay {
+  using Descriptor = DoubleVariableDescriptor;
+  using Monitor = DoubleDescValueMonitor;
+  static constexpr double current = 10, inside = 12, other = 15, outside = 25, stray = 99;
+  static constexpr auto assign = &Monitor::AssignWhenSetDoubleMethod;
+  static double Accepted(MonitorMethod* m) { return m->GetDoubleArgValue(33); }
+  static double Refused(MonitorMethod* m) { return m->GetDoubleArgValue(23); }
+};
+struct StringWay {
+  using Descriptor = StringVariableDescriptor;
+  using Monitor = StringDescValueMonitor;
+  static constexpr const char* current = "current";
+  static constexpr const char* inside = "inside";
+  static constexpr const char* other = "other";
+  static constexpr const char* outside = "outside";
+  static constexpr const char* stray = "stray";
+  static constexpr auto assign = &Monitor::AssignWhenSetStringMethod;
+  static const char* Accepted(MonitorMethod* m) { return m->GetStringArgValue(34); }
+  static const char* Refused(MonitorMethod* m) { return m->GetStringArgValue(24); }
+};
+
+template <class Way>
+void ExpectTable(const std::string& failure) {
+  using Descriptor = typename Way::Descriptor;
+  using Value = decltype(Way::Accepted(nullptr));
+  using Body = Value (*)(MonitorMethod*);
+  const Body bodies[] = {nullptr, Way::Accepted, [](MonitorMethod*) -> Value { return Way::other; },
+                         Way::Refused, [](MonitorMethod*) -> Value { return Way::stray; }};
+  const struct {
+    const char* name;
+    void (*set)(Descriptor&, Value);
+    std::vector<std::string> leftInside;  // by Answer
+    std::vector<std::string> leftOutside;
+  } rows[] = {
+      {"SetValue(v)",
+       [](Descriptor& d, Value v) { d.SetValue(v); },
+       {"candidate", "candidate", "other", "current", "fails"},
+       {"fails", "fails", "other", "current", "fails"}},
+      {"SetValue(v, 2)",
+       [](Descriptor& d, Value v) { d.SetValue(v, 2); },
+       {"candidate", "candidate", "other", "current", "fails"},
+       {"fails", "fails", "other", "current", "fails"}},
+      {"SetValue(v, 0)", [](Descriptor& d, Value v) { d.SetValue(v, 0); },
+       std::vector<std::string>(5, "candidate"), std::vector<std::string>(5, "fails")},
+  };
+  for (const auto& row : rows)
+    for (const bool isInside : {true, false})
+      for (std::size_t answer = Unwatched; answer <= Straying; ++answer) {
+        typename Way::Monitor watch("watch");
+        Descriptor descriptor(20, "attribute");
+        const auto admit = [&descriptor](auto... bounds) { descriptor.AddSubDomain(bounds...); };
+        if constexpr (std::is_same_v<Value, const char*>)
+          for (const char* text : {Way::current, Way::inside, Way::other}) admit(text);
+        else
+          admit(Value(0), Value(20));
+        descriptor.SetValue(Way::current);
+        if (answer != Unwatched) {
+          (watch.*Way::assign)(bodies[answer]);
+          watch.AttachToDescriptor(&descriptor);
+        }
+        const Value candidate = isInside ? Way::inside : Way::outside;
+        const std::string& left = (isInside ? row.leftInside : row.leftOutside)[answer];
+        const auto set = [&] { row.set(descriptor, candidate); };
+        SCOPED_TRACE(testing::Message() << row.name << " " << candidate << " " << answer);
+        if (left == "fails") {
+          EXPECT_EQ(FailureOf(set).find("\n!!!============== " + failure + " ==="), 0U);
+          continue;
+        }
+        set();
+        const Value expected = left == "candidate" ? candidate : left == "other" ? Way::other : Way::current;
+        if constexpr (std::is_same_v<Value, const char*>)
+          EXPECT_STREQ(descriptor.GetValue(0), expected);
+        else
+          EXPECT_EQ(descriptor.GetValue(0), expected);
+      }
+}
+
+TEST_F(Change, DomainLooksAtWhatTheMonitorMakesOfAValue) {
+  ExpectTable<IntWay>("OutOfIntDomain");
+  ExpectTable<FloatWay>("OutOfFloatDomain");
+  ExpectTable<DoubleWay>("OutOfDoubleDomain");
+  ExpectTable<StringWay>("OutOfStringDomain");
 }
 
 TEST_F(Change, StepsOfOneAndWrapAround) {

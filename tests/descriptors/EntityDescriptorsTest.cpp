@@ -221,6 +221,7 @@ TEST_F(EntityDescriptors, MonitorOfATableAnswersForElementsAndForTheWhole) {
   watch.AssignWhenSetEntityTabMethod([](MonitorMethod* m) -> Entities* {
     seen =
         m->GetEntityTabArgValue(36)->position(other) < 0 && m->GetEntityTabArgValue(26)->position(other) == 0;
+    delete m->GetEntityTabArgValue(36);
     return nullptr;
   });
   herd.SetValueElement(&cow, 0);
@@ -242,6 +243,159 @@ TEST_F(EntityDescriptors, MonitorOfATableAnswersForElementsAndForTheWhole) {
       }),
       "\n!!! Il n'est pas possible d'attacher un moniteur au descripteur 'herd' de type 'tableau d'entités'"
       "\nlorsque la simulation amène à effacer (par ClearValues) le tableau de valeurs.");
+}
+
+enum Answer { Unwatched, Accepting, Changing, Refusing };
+Answer gAnswer;
+BasicEntity* gOther;  // what a changing monitor brings in, out of the class list
+
+Entities* AnswerTable(MonitorMethod* m) {
+  if (gAnswer == Accepting) return m->GetEntityTabArgValue(36);
+  delete m->GetEntityTabArgValue(36);
+  return gAnswer == Refusing ? m->GetEntityTabArgValue(26) : NewEntities({gOther});
+}
+BasicEntity* AnswerAddition(MonitorMethod* m) {
+  if (gAnswer == Refusing) return m->GetEntityTabArgValue(26)->front();  // which is there already
+  return gAnswer == Accepting ? m->GetBasicEntityArgValue(35) : gOther;
+}
+BasicEntity* AnswerRemoval(MonitorMethod* m) {
+  if (gAnswer == Refusing) return nullptr;  // which is not there
+  BasicEntity* const candidate = m->GetBasicEntityArgValue(35);
+  const Entities& table = *m->GetEntityTabArgValue(26);
+  return gAnswer == Accepting || table.front() != candidate ? candidate : table.back();
+}
+BasicEntity* AnswerEntity(MonitorMethod* m) {
+  if (gAnswer == Refusing) return m->GetBasicEntityArgValue(25);
+  return gAnswer == Accepting ? m->GetBasicEntityArgValue(35) : gOther;
+}
+
+// What an operation leaves of a table of a and b with the list Cow, b being a Bull: "fails", or the names.
+TEST_F(EntityDescriptors, ListLooksAtACandidateAndTheMonitorHasTheLastWord) {
+  using Herd = EntityTabVariableDescriptor;
+  Thing heifer{ANIMAL, COW};
+  heifer.SetInstanceName("c");
+  gOther = &farm;
+  const std::vector<std::string> allFail(4, "fails");
+  const struct {
+    const char* name;
+    void (*operation)(Herd&, BasicEntity*);
+    BasicEntity* inside;
+    BasicEntity* outside;
+    std::vector<std::string> leftInside;  // by Answer
+    std::vector<std::string> leftOutside;
+  } rows[] = {
+      {"SetValue(t)",
+       [](Herd& d, BasicEntity* e) { d.SetValue(NewEntities({e})); },
+       &heifer,
+       &farm,
+       {"c", "c", "f", "a b"},
+       allFail},
+      {"SetValue(t, 2)",
+       [](Herd& d, BasicEntity* e) { d.SetValue(NewEntities({e}), 2); },
+       &heifer,
+       &farm,
+       {"c", "c", "f", "a b"},
+       allFail},
+      {"SetValue(t, 0)",
+       [](Herd& d, BasicEntity* e) { d.SetValue(NewEntities({e}), 0); },
+       &heifer,
+       &farm,
+       {"c", "c", "c", "c"},
+       allFail},
+      {"SetValueElement(e, 1)",
+       [](Herd& d, BasicEntity* e) { d.SetValueElement(e, 1); },
+       &heifer,
+       &farm,
+       {"a c", "a c", "a c", "a c"},
+       allFail},
+      {"SetValueElement(e, 1, 0)",
+       [](Herd& d, BasicEntity* e) { d.SetValueElement(e, 1, 0); },
+       &heifer,
+       &farm,
+       {"a c", "a c", "a c", "a c"},
+       allFail},
+      {"AddValueElement(e)",
+       [](Herd& d, BasicEntity* e) { d.AddValueElement(e); },
+       &heifer,
+       &farm,
+       {"a b c", "a b c", "a b f", "a b"},
+       allFail},
+      {"AddValueElement(e, 0)",
+       [](Herd& d, BasicEntity* e) { d.AddValueElement(e, 0); },
+       &heifer,
+       &farm,
+       {"a b c", "a b c", "a b c", "a b c"},
+       allFail},
+      {"RemoveValue(e)",
+       [](Herd& d, BasicEntity* e) { d.RemoveValue(e); },
+       &cow,
+       &bull,
+       {"b", "b", "a", "a b"},
+       {"a", "a", "a", "a b"}},
+      {"RemoveValue(e, 0)",
+       [](Herd& d, BasicEntity* e) { d.RemoveValue(e, 0); },
+       &cow,
+       &bull,
+       {"b", "b", "b", "b"},
+       {"a", "a", "a", "a"}},
+  };
+  for (const auto& row : rows)
+    for (const bool isInside : {true, false})
+      for (const Answer answer : {Unwatched, Accepting, Changing, Refusing}) {
+        EntityTabDescValueMonitor watch("watch");
+        watch.AssignWhenSetEntityTabMethod(AnswerTable);
+        watch.AssignWhenAddEntityMethod(AnswerAddition);
+        watch.AssignWhenRemoveEntityMethod(AnswerRemoval);
+        Herd herd(20, "herd");
+        herd.ValueClassId(COW);
+        herd.SetValue(NewEntities({&cow, &bull}));
+        if (answer != Unwatched) watch.AttachToDescriptor(&herd);
+        gAnswer = answer;
+        const std::string& left = (isInside ? row.leftInside : row.leftOutside)[answer];
+        const auto operate = [&] { row.operation(herd, isInside ? row.inside : row.outside); };
+        SCOPED_TRACE(testing::Message() << row.name << " " << isInside << " " << answer);
+        if (left == "fails") {
+          EXPECT_TRUE(Fails("OutOfEntityDomain", operate));
+          continue;
+        }
+        operate();
+        EXPECT_EQ(RecordedNames(herd.GetEntityTabValue()), '"' + left + '"');
+      }
+}
+
+// A single entity is held against the list after the monitor, and past it before.
+TEST_F(EntityDescriptors, ListLooksAtWhatTheMonitorMakesOfAnEntity) {
+  Thing heifer{ANIMAL, COW};
+  Thing other{ANIMAL, COW};
+  gOther = &other;
+  const struct {
+    int withMonitor;
+    BasicEntity* candidate;
+    std::vector<BasicEntity*> left;  // by Answer; the farm stands for a failure
+  } rows[] = {
+      {1, &heifer, {&heifer, &heifer, &other, &cow}},
+      {1, &farm, {&farm, &farm, &other, &cow}},
+      {0, &heifer, {&heifer, &heifer, &heifer, &heifer}},
+      {0, &farm, {&farm, &farm, &farm, &farm}},
+  };
+  for (const auto& row : rows)
+    for (const Answer answer : {Unwatched, Accepting, Changing, Refusing}) {
+      EntityDescValueMonitor watch("watch");
+      watch.AssignWhenSetEntityMethod(AnswerEntity);
+      EntityVariableDescriptor mother(20, "mother");
+      mother.ValueClassId(COW);
+      mother.SetValue(&cow);
+      if (answer != Unwatched) watch.AttachToDescriptor(&mother);
+      gAnswer = answer;
+      const auto set = [&] { mother.SetValue(row.candidate, row.withMonitor); };
+      SCOPED_TRACE(testing::Message() << row.withMonitor << " " << row.candidate << " " << answer);
+      if (row.left[answer] == &farm) {
+        EXPECT_TRUE(Fails("OutOfEntityDomain", set));
+        continue;
+      }
+      set();
+      EXPECT_EQ(mother.GetEntityValue(), row.left[answer]);
+    }
 }
 
 TEST_F(EntityDescriptors, RanksOutOfTheTableAreIndexFailures) {

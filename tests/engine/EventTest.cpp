@@ -5,6 +5,7 @@
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/TraceSwitches.h"
+#include "kalve/methods/Method.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/Owned.h"
 
@@ -132,6 +133,17 @@ TEST(Event, AnEventWithoutCouplesAnswersNullAndWarns) {
               event.FirstProcess();
             }),
             "\n!!! La liste des couples (processus action) de l'événement 'traite' est vide.");
+}
+
+TEST(Event, AMethodWithoutIdIsReportedAndLeftOut) {
+  const OwnedEvent event = MakeEvent("traite");
+  VoidEventMethod withoutId;
+  const int methods = event->MethodTab().size();
+  const std::string report = OutputOf([&] {
+    event->AddMethod(&withoutId);
+    EXPECT_EQ(event->MethodTab().size(), methods);
+  });
+  EXPECT_EQ(report.find("\n!!! Indice hors tableau dans 'Event::AddMethod' : indice -9,"), 0U) << report;
 }
 
 TEST(Event, DatesAreLocalAndANegativeYearIsThePresentOne) {

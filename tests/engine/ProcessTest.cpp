@@ -58,12 +58,16 @@ TEST_F(ProcessTest, MethodsAreFoundRunAndCheckedByType) {
   EXPECT_EQ(process->ExecIntCoreMethod(PROCESS_PRECONDITION), 5);
   EXPECT_EQ(process->GetMethod("stopProcess"), process->GetMethod(STOP_PROCESS));
   EXPECT_EQ(process->GetMethod("absente"), nullptr);
+  IntProcessMethod withoutId;
   EXPECT_EQ(OutputOf([&] {
               EXPECT_EQ(process->GetMethod(EXEC_PROCESS), nullptr);
               EXPECT_EQ(process->ExecIntMethod(99), 0);
+              process->AddMethod(&withoutId);
+              EXPECT_EQ(process->MethodTab().size(), 5);
             }),
             "\n!!! Indice hors tableau dans 'Process::GetMethod' : indice 3, taille du tableau 7.\n"
-            "\n!!! Indice hors tableau dans 'Process::ExecIntMethod' : indice 99, taille du tableau 7.\n");
+            "\n!!! Indice hors tableau dans 'Process::ExecIntMethod' : indice 99, taille du tableau 7.\n"
+            "\n!!! Indice hors tableau dans 'Process::AddMethod' : indice -9, taille du tableau 7.\n");
   EXPECT_EQ(
       FailureOf([&] { process->ExecVoidMethod(PROCESS_PRECONDITION); }),
       "\n!!!============== BadMethodValueType =============="

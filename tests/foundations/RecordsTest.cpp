@@ -55,6 +55,8 @@ TEST(Enumerations, TextsOfValueTypesAndTheirGaps) {
   EXPECT_EQ(ObjectClassToChar(static_cast<ObjectClassId>(7)), nullptr);
   EXPECT_STREQ(StringActionType(PROCEED), "PROCEED");
   EXPECT_STREQ(StringActionType(UNSPECIFIED_ACTION), "UNSPECIFIED ACTION");
+  EXPECT_STREQ(DescriptorSubclassToChar(2), "VARIABLE");
+  EXPECT_EQ(DescriptorSubclassToChar(3), nullptr);
   for (TimeUnit unit : {DAY, HOUR, MINUTE, SECOND}) EXPECT_EQ(IndexUnite(TimeUnitToChar(unit)), unit);
   EXPECT_NE(IndexUnite("JOUR"), 0);
 }

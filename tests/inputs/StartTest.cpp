@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "kalve/designs/DesignOfExperiment.h"
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/CoreException.h"
@@ -90,8 +91,9 @@ TEST(CommandLine, ReadsTheDesignInTheMiddleOfTheScan) {
 
 TEST(Parsers, ReadTheFilesOfAllKindsInTheirOrder) {
   TemporaryFolder folder;
-  const std::string empty = folder.Write("empty", "# nothing yet\nINCLUDE \"other\";\n");
+  const std::string empty = folder.Write("empty", "# nothing\nINCLUDE \"other\";\n");
   folder.Write("other", "# nor here\nEND INCLUDE;\n");
+  const std::string design = folder.Write("design", "FACTOR season () { (); (); }");
   Simulation simulation;
   pCurrentSim = &simulation;
   static int refreshed = 0;
@@ -99,9 +101,12 @@ TEST(Parsers, ReadTheFilesOfAllKindsInTheirOrder) {
   ParseParameterFile(empty.c_str());
   EXPECT_EQ(refreshed, 0);
   EXPECT_EQ(pInitParameterGlobalVariables, InitParameterGlobalVariables);
-  for (auto parse :
-       {ParseSimulationFile, ParseOutputSpecFile, ParseStructureFile, ParseDirectiveFile, ParseExpeFile})
+  for (auto parse : {ParseSimulationFile, ParseOutputSpecFile, ParseStructureFile, ParseDirectiveFile})
     parse(empty.c_str());
+  ParseExpeFile(design.c_str());
+  EXPECT_NE(GetDesignOfExperiment(), nullptr);
+  DeleteExpeSpecifications();
+  g_KV_DOE = nullptr;
   EXPECT_EQ(File::mpInstanceTab.size(), 0);
   EXPECT_EQ(pCurrentFile, nullptr);
   pCurrentSim = nullptr;

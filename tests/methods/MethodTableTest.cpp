@@ -4,13 +4,14 @@
 #include "kalve/methods/Argument.h"
 #include "kalve/methods/Method.h"
 #include "kalve/methods/MethodTable.h"
+#include "tests/support/ChildProcess.h"
 
 namespace {
 
 struct Owner {
   MethodTable methods;
   ~Owner() { methods.DestroyMethods(); }
-  void AddMethod(Method* method) { methods.Add(method); }
+  void AddMethod(Method* method) { methods.Add(method, "Owner::AddMethod"); }
   template <class Result>
   Result Exec(int id) {
     return static_cast<EntityMethod*>(methods[id])->Call<Result>();
@@ -43,7 +44,7 @@ TEST(MethodTable, FindsTheLaterOfAnIdAndTheFirstOfAName) {
   EXPECT_EQ(owner.methods.Named("milk"), nullptr);
 }
 
-TEST(MethodTable, ThrowsForIdsWithoutMethod) {
+TEST(MethodTable, HasNothingForIdsWithoutMethod) {
   Owner owner;
   owner.AddMethod(new VoidEntityMethod(72, "grow"));
   EXPECT_TRUE(Throws([&] { owner.methods[71]; }));
@@ -51,7 +52,8 @@ TEST(MethodTable, ThrowsForIdsWithoutMethod) {
   EXPECT_TRUE(Throws([&] { owner.methods[73]; }));
   EXPECT_TRUE(Throws([&] { owner.methods.Rank(73); }));
   VoidEntityMethod unset;
-  EXPECT_TRUE(Throws([&] { owner.methods.Add(&unset); }));
+  EXPECT_EQ(RunInChild([&] { owner.AddMethod(&unset); }).output,
+            "\n!!! Indice hors tableau dans 'Owner::AddMethod' : indice -9, taille du tableau 73.\nERROR \n");
 }
 
 TEST(MethodTable, CopiesTheKeptTypesInOrderAndEachMethodDiesOnce) {

@@ -95,6 +95,11 @@ TEST_F(StructureMonitorTest, HoldsTwoPredefinedMethodsByIdAndName) {
   monitor->AddMethod(foreign);
   EXPECT_EQ(monitor->MethodTab().size(), 2);
   delete foreign;
+  VoidMonitorMethod withoutId;
+  EXPECT_NE(RunInChild([&] {
+              monitor->AddMethod(&withoutId);
+            }).output.find("'StructureMonitor::AddMethod' : indice -9"),
+            std::string::npos);
   for (const int id : {-9, 7, 50})
     EXPECT_NE(RunInChild([&] { monitor->GetMethod(id); }).output.find("'StructureMonitor::GetMethod'"),
               std::string::npos);

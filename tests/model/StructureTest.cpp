@@ -232,14 +232,23 @@ class NaiveLinks {
   }
 };
 
-TEST_F(StructureTest, LinksFollowANaiveModelThroughRandomOperations) {
+class LinksTest : public StructureTest, public testing::WithParamInterface<int> {};
+
+/// Small tables and large ones, which are kept in another way.
+INSTANTIATE_TEST_SUITE_P(Sizes, LinksTest, testing::Values(6, 700));
+
+TEST_P(LinksTest, FollowANaiveModelThroughRandomOperations) {
   std::mt19937 random(17);
   const auto below = [&](std::size_t n) { return static_cast<int>(random() % n); };
   std::vector<Thing*> sets;
   std::vector<Thing*> cows;
   for (int i = 0; i < 4; ++i) sets.push_back(NewHerd());
-  for (int i = 0; i < 6; ++i) cows.push_back(NewCow());
   NaiveLinks naive;
+  for (int i = 0; i < GetParam(); ++i) {
+    cows.push_back(NewCow());
+    if (i >= 6) naive.Add(i % 2, i, static_cast<int>(naive.elements[i % 2].size()));
+    if (i >= 6) sets[static_cast<std::size_t>(i % 2)]->AddElement(cows.back());
+  }
   for (int step = 0; step < 4000; ++step) {
     const int s = below(sets.size());
     const int e = below(cows.size());
@@ -308,6 +317,7 @@ TEST_F(StructureTest, LinksFollowANaiveModelThroughRandomOperations) {
           if (i < static_cast<int>(naive.elements[s].size()))
             naive.Remove(s, naive.elements[s][static_cast<std::size_t>(i)]);
     }
+    if (step % 5 != 0) continue;
     for (int i = 0; i < static_cast<int>(sets.size()); ++i) {
       const Thing& checked = *sets[static_cast<std::size_t>(i)];
       ASSERT_EQ(checked.GetNumberOfElements(), static_cast<int>(naive.elements[i].size())) << step;

@@ -5,6 +5,8 @@
 
 #include <cstdlib>
 #include <ctime>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include "kalve/engine/Simulation.h"
@@ -48,6 +50,16 @@ class ParserTest : public testing::Test {
     int line;
     std::string what;
   };
+
+  /// The example of a section of the page on input files.
+  static std::string DocumentedExample(const std::string& section) {
+    std::ifstream file(std::string(KALVE_SOURCE_DIR) + "/docs/input-files.md");
+    const std::string page{std::istreambuf_iterator<char>(file), {}};
+    const std::size_t at = page.find("\n## " + section + "\n");
+    const std::size_t from = page.find("```\n", at) + 4;
+    EXPECT_NE(at, std::string::npos);
+    return page.substr(from, page.find("```", from) - from);
+  }
 
   TemporaryFolder folder;
   Simulation simulation;

@@ -15,6 +15,13 @@ constexpr const char* directiveExample =
     "EVENT event BETWEEN CLOCK 20 AND 15 NOV 06:30 PROBABILITY 0.95;\n"
     "EVENT event AT TODAY 06:30 PERCENT 95 PRIORITY 3;\nEVENT event AT 1 MAI;\n";
 
+constexpr const char* parameterExample =
+    "Herd size = 42; Herd breed = \"sal\\\"ers\";\nHerd turnout = 10 AVR 2008 06:30:00;\n"
+    "GROUP feeding { Cow intake = -1.5e3; INCLUDE \"part\"; Cow day = 1 MAI 08; }\n";
+constexpr const char* designExample =
+    "REPLICATIONS 3;\nFACTOR land (Paddock area REAL) { (1.5); (2); INCLUDE \"part\"; }\n"
+    "FACTOR herd (Herd size INT, Herd breed TEXT) { (40, \"a\"); (60, \"b\"); }\nFACTOR n () { (); }\n";
+
 class RandomInputTest : public RandomInput {
  protected:
   RandomInputTest() {
@@ -29,8 +36,10 @@ TEST_F(RandomInputTest, MutatedFilesEndInOrder) {
   for (int i = 0; i < 100; ++i) {
     ExpectOrderlyEnd(ParseSimulationFile, Mutated(simulationExample));
     ExpectOrderlyEnd(ParseDirectiveFile, Mutated(directiveExample));
+    ExpectOrderlyEnd(ParseParameterFile, Mutated(parameterExample));
+    ExpectOrderlyEnd(ParseExpeFile, Mutated(designExample));
   }
-  EXPECT_GT(faults, 100);
+  EXPECT_GT(faults, 200);
 }
 
 TEST_F(RandomInputTest, RandomBytesEndInOrder) {

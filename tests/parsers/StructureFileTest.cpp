@@ -17,6 +17,10 @@ class Bull : public Entity {
  public:
   Bull() {
     AddAllValues(*this);
+    static_cast<IntVariableDescriptor*>(GetDescriptor("anInt"))->SetSubDomain(0, 50);
+    static_cast<FloatConstantDescriptor*>(GetDescriptor("aFloat"))->SetSubDomain(-10.0F, 20.0F);
+    static_cast<EntityConstantDescriptor*>(GetDescriptor("anEntity"))->ValueClassId(COW);
+    static_cast<EntityTabVariableDescriptor*>(GetDescriptor("someEntities"))->ValueClassId(KV_ENTITY);
     AddMethod(new EntityPredicate(READY, "isReady"));
     SetMetaClass(BULL);
     AddInstanceToClass();
@@ -194,6 +198,18 @@ TEST_F(StructureFileTest, SaysWhatIsWrong) {
       {"ENTITY Bull {\naText = 12; }", 2,
        "descripteur 'aText'\n!!! Affectation d'une valeur entière à un descripteur non numérique"
        "\n    ou qui n'existe pas !!!"},
+      {"ENTITY Bull {\nanInt = \"Bob\"; }", 2,
+       "descripteur 'anInt'\n!!! Affectation d'une chaîne à un descripteur non String !!!"},
+      {"ENTITY Bull {\nsomeInts = 3; }", 2,
+       "descripteur 'someInts'\n!!! Affectation d'une valeur entière à un descripteur non numérique"
+       "\n    ou qui n'existe pas !!!"},
+      {"ENTITY Bull {\n\nlegs = 4.5; }", 3,
+       "descripteur 'legs'\n!!! Affectation d'une valeur réelle à un descripteur non numérique"
+       "\n    ou qui n'existe pas !!!"},
+      {"ENTITY Bull {\nlegs = \"four\"; }", 2,
+       "descripteur 'legs'\n!!! Affectation d'une chaîne à un descripteur non String !!!"},
+      {"ENTITY Bull {\nlegs += 4; }", 2,
+       "descripteur 'legs'\n!!! Ajout d'une valeur entière à un descripteur d'un autre type que INT_TAB !!!"},
       {"ENTITY Bull {\nFOR i = 5 TO 6 {\n  FOR j = 2 TO 9 { }\n  anEntity = \"Bob\"; } }", 4,
        "descripteur 'anEntity' (boucle FOR de la ligne 2, i = 5)"
        "\n!!! Affectation d'une chaîne à un descripteur non String !!!"},
@@ -215,6 +231,23 @@ TEST_F(StructureFileTest, EndsInTheFailureMadeForTheFault) {
        "ELEMENT 'Goat' 'goat'[g] (boucle FOR de la ligne 2, g = 7) : classe d'entité inconnue" + unknown},
       {"ENTITY Bull {\nanEntity = NEW Goat; }", 2,
        "descripteur 'anEntity' : classe d'entité inconnue" + unknown},
+      {"ENTITY Cow cow {\nCOMPONENT Goat; }", 2, "COMPONENT 'Goat' : classe d'entité inconnue" + unknown},
+      {"ENTITY Bull {\nsomeEntities += NEW Goat; }", 2,
+       "descripteur 'someEntities' : classe d'entité inconnue" + unknown},
+      // A class that the kernel knows, but of which the application makes no entity.
+      {"ENTITY Farm {\nELEMENT FarmUnit unit; }", 2,
+       "ELEMENT 'FarmUnit' 'unit' : classe d'entité inconnue"
+       "\n!!!============== UnknownClassName ==============\n!!! Le nom de classe 'FarmUnit'"},
+      {"ENTITY Herd herd {\nELEMENT Paddock; }", 2,
+       "ELEMENT 'Paddock'\n!!!============== BadSubEntityClass =============="},
+      {"ENTITY Herd herd {\nCOMPONENT Udder; }", 2,
+       "COMPONENT 'Udder'\n!!!============== BadSubEntityClass =============="},
+      {"ENTITY Cow cow; ENTITY Cow other {\nELEMENT REF cow; }", 2,
+       "ELEMENT REF 'cow'\n!!!============== BadSuperSetClass =============="},
+      {"ENTITY Cow cow { COMPONENT Udder udder; } ENTITY Cow other {\nCOMPONENT REF udder; }", 2,
+       "COMPONENT REF 'udder'\n!!!============== ComponentPluggedElsewhere =============="},
+      {"ENTITY Udder udder; ENTITY Cow cow {\nCOMPONENT REF udder;\nCOMPONENT REF udder; }", 3,
+       "COMPONENT REF 'udder'\n!!!============== ComponentAlreadyPlugged =============="},
       {"ENTITY Cow cow {\nELEMENT Udder udder; }", 2,
        "ELEMENT 'Udder' 'udder'\n!!!============== BadSubEntityClass =============="},
       {"ENTITY Cow cow {\nCOMPONENT Udder;\nCOMPONENT Udder; }", 3,
@@ -227,6 +260,15 @@ TEST_F(StructureFileTest, EndsInTheFailureMadeForTheFault) {
       {"ENTITY Cow cow;\nREF bull;", 2,
        "REF 'bull' : aucune entité ne porte ce nom\n!!!============== UnfoundEntityBasedOnInstanceName "
        "=============="},
+      {"ENTITY Bull {\nanInt = 51; }", 2,
+       "descripteur 'anInt'\n!!!============== OutOfIntDomain =============="},
+      {"ENTITY Bull {\nFOR i = 50 TO 60\n{\nanInt = i; } }", 4,
+       "descripteur 'anInt' (boucle FOR de la ligne 2, i = 51)"
+       "\n!!!============== OutOfIntDomain =============="},
+      {"ENTITY Bull {\naFloat = 20.1; }", 2,
+       "descripteur 'aFloat'\n!!!============== OutOfFloatDomain =============="},
+      {"ENTITY Bull {\nanEntity = NEW Udder; }", 2,
+       "descripteur 'anEntity'\n!!!============== OutOfEntityDomain =============="},
       {"ENTITY Bull {\naDomain += [5, 4]; }", 2,
        "descripteur 'aDomain'\n!!!============== BadIntervalBounds =============="},
       {"ENTITY Bull {\nBODY isTired = TRUE; }", 2,

@@ -1,5 +1,6 @@
 // Conditions of entity specifications at work on descriptors: as a filter, and as an initialisation.
 #include <cstdlib>
+#include <functional>
 #include <random>
 
 #include "kalve/descriptors/EntityDescriptors.h"
@@ -266,10 +267,10 @@ TEST_F(ConditionTest, ReadsConstantsSilentlyAndTakesTheDeadForNoInstance) {
   DeleteEntity(mother);
   EXPECT_FALSE(ofClass.IsInDomain(cow));
   BasicEntity basic;  // the lowest layer has no descriptors
-  EXPECT_NE(FailureOf([&] {
-              static_cast<DescValueSpec&>(ofAge).IsInDomain(static_cast<DescriptedEntity*>(&basic));
-            }).find(" InexistantDescriptor "),
-            std::string::npos);
+  auto* const described = static_cast<DescriptedEntity*>(&basic);
+  for (const std::function<void()>& call : {std::function<void()>([&] { ofAge.IsInDomain(described); }),
+                                            std::function<void()>([&] { ofAge.DrawInto(described); })})
+    EXPECT_EQ(FailureOf(call).find("\n!!!============== InexistantDescriptor "), 0U);
 }
 
 }  // namespace

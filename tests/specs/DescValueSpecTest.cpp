@@ -91,6 +91,8 @@ TEST_F(EntityValueSpec, AnEntityIsInByAddressOrByClass) {
   EXPECT_TRUE(entities.Holds(nullptr));  // in the list, though no value for a descriptor
   EXPECT_FALSE(classes.Holds(nullptr));
   EXPECT_TRUE(none.IsDomainAClass());
+  DeleteEntity(bull);
+  EXPECT_TRUE(classes.IsOutOfDomain(bull)) << "the dead are of no class";
 }
 
 TEST_F(EntityValueSpec, FailuresOfDomains) {

@@ -375,6 +375,10 @@ TEST_F(EntitySpecTest, MethodsAreFoundByIdAndName) {
   WhenAddElement ofOthers;
   spec.AddMethod(&ofOthers);
   EXPECT_EQ(spec.MethodTab().size(), 4);
+  EntitySpecPredicate withoutId;
+  EXPECT_NE(
+      RunInChild([&] { spec.AddMethod(&withoutId); }).output.find("'EntitySpec::AddMethod' : indice -9"),
+      std::string::npos);
 
   EXPECT_FALSE(spec.ExecCorePredicate(SELECTOR_PREDICATE));
   EXPECT_EQ(spec.ExecIntCoreMethod(QUANTITY_EVALUATOR), 0);
@@ -538,11 +542,13 @@ TEST_F(EntitySpecTest, WrongIndexesAndInstancesEndTheRun) {
       {"'EntitySpec::ExecIntCoreMethod'", [] { EntitySpec().ExecIntCoreMethod(0); }},
       {"'EntitySpec::ExecEntityCoreMethod'", [] { EntitySpec().ExecEntityCoreMethod(55); }},
       {"'EntitySpec::ExecEntityTabCoreMethod'", [] { EntitySpec().ExecEntityTabCoreMethod(55); }},
+      {"'EntitySpec::AddMethod'", [] { EntitySpec().AddMethod(new IntEntitySpecMethod()); }},
       {"'EntitySpec::GetInstance'", [] { EntitySpec::GetInstance(0); }},
       {"InexistantInstance",
        [] {
          EntitySpec spec;
-         K_InstallMetaClasses();
+         DeleteEntityClasses();
+         K_InstallMetaClasses();  // forgets the registry
        }},
       {"'EntitySpec::RemoveInstance'",
        [] {

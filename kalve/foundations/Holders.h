@@ -1,4 +1,4 @@
-// What descriptors own by pointer and may come to share: an assignment between descriptors shares domain and
+// What descriptors and arguments own by pointer and may come to share: an assignment shares domain and
 // tables, and what is shared dies with its last holder.
 #pragma once
 
@@ -46,7 +46,7 @@ class HeldDomain {
   std::vector<std::shared_ptr<Spec>> mHeld;
 };
 
-/// How a descriptor's table is freed and duplicated: what pointers point to stays, but texts belong to
+/// How a held table is freed and duplicated: what pointers point to stays, but texts belong to
 /// their table and come from `malloc`.
 struct OwnedTable {
   template <class Item>
@@ -68,7 +68,7 @@ struct OwnedTable {
   }
 };
 
-/// A table of a descriptor, or none.
+/// A table, or none.
 template <class Item>
 class HeldTable {
  public:

@@ -40,19 +40,18 @@ DiscreteProcess::DiscreteProcess(const DiscreteProcess& other)
   TakeFlags(other);
 }
 
-DiscreteProcess* DiscreteProcess::RawCopy() {
-  auto* copy = new DiscreteProcess(true);
+/// What a raw copy takes.
+void DiscreteProcess::ShareWith(const DiscreteProcess& other) {
   ++_nbConst;
   if (g_KV_TraceNewDelMode != 0)
-    std::cout << "\n++raw copy construction de DP " << ClassName() << " " << copy << " <- " << this;
-  copy->TakeBinding(*this);
-  copy->mIsReadSDRec = mIsReadSDRec;
-  copy->mIsInitSDRec = mIsInitSDRec;
-  copy->AddInstance(ClassSymbol(), ClassName());
-  copy->mMethods.Share(mMethods);
-  for (Method* method : copy->mMethods.Methods()) static_cast<ProcessMethod*>(method)->DescribedProcess(copy);
-  copy->TakeFlags(*this);
-  return copy;
+    std::cout << "\n++raw copy construction de DP " << other.ClassName() << " " << this << " <- " << &other;
+  TakeBinding(other);
+  mIsReadSDRec = other.mIsReadSDRec;
+  mIsInitSDRec = other.mIsInitSDRec;
+  AddInstance(other.ClassSymbol(), other.ClassName());
+  mMethods.Share(other.mMethods);
+  for (Method* method : mMethods.Methods()) static_cast<ProcessMethod*>(method)->DescribedProcess(this);
+  TakeFlags(other);
 }
 
 const DiscreteProcess& DiscreteProcess::operator=(const DiscreteProcess& other) {
@@ -74,12 +73,6 @@ const DiscreteProcess& DiscreteProcess::operator=(const DiscreteProcess& other) 
 DiscreteProcess::~DiscreteProcess() {
   if (g_KV_TraceNewDelMode != 0) std::cout << "\n-Destruction du processus ponctuel " << this;
   ++_nbDest;
-}
-
-void DiscreteProcess::DeleteInDepth() {
-  if (g_KV_TraceNewDelMode != 0) std::cout << "\n-Destruction profonde du processus ponctuel " << this;
-  mMethods.DestroyMethods();
-  delete this;
 }
 
 void DiscreteProcess::TakeMethodsOfItsOwn() {

@@ -12,14 +12,14 @@ class DiscreteProcess : public Process {
   DiscreteProcess(int classSymbol, const char* className);
   /// With copies of the methods.
   DiscreteProcess(const DiscreteProcess& other);
-  /// A copy that shares the methods, which describe it from now on; the caller owns it. This process may
-  /// then only be destroyed shallowly.
+  /// A copy of the true class that shares the methods, which describe it from now on; the caller owns it.
+  /// This process may then only be destroyed shallowly. ProcessDispatch.cpp
   DiscreteProcess* RawCopy();
   /// Takes all but number and instance name; assigns the methods rank by rank. Answers `other`.
   const DiscreteProcess& operator=(const DiscreteProcess& other);
   /// Leaves the methods alone.
   ~DiscreteProcess();
-  /// Destroys the methods, then destroys and frees the process.
+  /// Destroys the methods, then destroys and frees the process as its true class. ProcessDispatch.cpp
   void DeleteInDepth();
   /// Replaces shared methods by copies that describe this process.
   void TakeMethodsOfItsOwn();
@@ -36,6 +36,7 @@ class DiscreteProcess : public Process {
   static int getNbDest() { return _nbDest; }
 
  private:
+  void ShareWith(const DiscreteProcess& other);
   void TakeFlags(const DiscreteProcess& other);
 
   int mIsReadSDRec = 0;

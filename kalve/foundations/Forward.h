@@ -154,6 +154,9 @@ class Event;
 class Process;
 class DiscreteProcess;
 class ContinuousProcess;
+class ReadSequentialDataFileProcess;
+class ReadFactualDataRecordProcess;
+class InitFactualDataFileReadingProcess;
 
 // Inputs.
 class File;

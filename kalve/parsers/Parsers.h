@@ -6,7 +6,7 @@
 #include "kalve/foundations/Forward.h"
 
 /// Simulation parameters: clock unit, dates, directories of pCurrentSim (SimulationNotYetCreated without
-/// one).
+/// one); data files.
 void Simu_Parser(LexicalInputFile* file);
 /// System parameters, each made as soon as it is read (BadDateParameterValue for a date that does not exist).
 void Param_Parser(LexicalInputFile* file);

@@ -1,5 +1,7 @@
 // Whatever the bytes, a parser ends by itself: normally, or in a failure that names file and line.
 #include "kalve/inputs/ParserFunction.h"
+#include "kalve/inputs/SequentialDataFile.h"
+#include "kalve/model/ApplicationHooks.h"
 #include "tests/parsers/RandomInput.h"
 
 extern "C" int __lsan_is_turned_off();
@@ -9,6 +11,7 @@ namespace {
 
 constexpr const char* simulationExample =
     "# a season\nINCLUDE \"part\";\nIN_DIR data/; OUT_DIR \"res ults/\";\nCLOCK 1 DAY;\n"
+    "DATA_FILE Weather { NAME weather.txt; COMMENTS 2; KEY \"%d\"; DATA \"%f\"; }\nDATA_FILE 7 { FILE x; }\n"
     "BEGIN 1 JAN 2008 00:00;\nEND 31 DEC 2008 23:59:59;\nEND CLOCK 365;\nBEGIN TODAY 06:30;\n";
 constexpr const char* directiveExample =
     "EVENT event NAME \"turn\\\"out\" AT 10 AVR 2008 PRIORITY 10 { INCLUDE \"part\"; }\n"
@@ -29,6 +32,15 @@ class RandomInputTest : public RandomInput {
     simulation.ClockTimeUnitQuantity(1);
     simulation.SetBeginningDate(1, 1, 2008);
     folder.Write("part", "# nothing\nEND INCLUDE;");
+    Assign_App_NewSerialDataFileFromStringFunction(
+        [](const char*) -> SerialDataFile* { return new SequentialDataFile(40, READ_ACCESS, OM_APPEND); });
+    Assign_App_NewSerialDataFileFromIdFunction([](int symbol) -> SerialDataFile* {
+      return symbol == 7 ? new SequentialDataFile(7, READ_ACCESS, OM_APPEND) : nullptr;
+    });
+  }
+  ~RandomInputTest() override {
+    Assign_App_NewSerialDataFileFromStringFunction(nullptr);
+    Assign_App_NewSerialDataFileFromIdFunction(nullptr);
   }
 };
 

@@ -5,6 +5,8 @@
 #include <iostream>
 
 #include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/FailureReport.h"
+#include "kalve/foundations/Registry.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/inputs/Parameter.h"
 #include "kalve/inputs/ParserFunction.h"
@@ -13,12 +15,6 @@
 // other texts of the kernel.
 
 namespace {
-
-template <class T>
-[[noreturn]] void FailOnIndex(const char* where, const Tableau<T>& table, int index) {
-  TabIndexOutOfRange(index, where, &table, index, true);
-  exitOnException(0);
-}
 
 template <class Item>
 void PrintJoined(int count, const char* joiner, Item printItem) {
@@ -50,7 +46,7 @@ SerialDesignOfExperiment::~SerialDesignOfExperiment() {
 
 void SerialDesignOfExperiment::AddUnifiedValue(int row, UnifiedValue* value) {
   if (row < 0 || row >= mValues.size())
-    FailOnIndex("SerialDesignOfExperiment::AddUnifiedValue", mValues, row);
+    FailOnIndex("SerialDesignOfExperiment::AddUnifiedValue", mValues.size(), row);
   mValues[row]->push_back(value);
 }
 
@@ -64,7 +60,7 @@ int SerialDesignOfExperiment::NextSimulationSettings() {
   try {
     for (int variable = 0; variable < mNbVariables; ++variable) ApplyVariable(variable);
   } catch (int index) {
-    FailOnIndex("SerialDesignOfExperiment::NextSimulationSettings", mValues, index);
+    FailOnIndex("SerialDesignOfExperiment::NextSimulationSettings", mValues.size(), index);
   }
   std::printf("\n\tFIN SED '%s'::NSS returns endReached = %d\n", GetName(), endReached ? 1 : 0);
   return endReached ? 1 : 0;
@@ -134,16 +130,12 @@ void SerialDesignOfExperiment::AddInstance(SerialDesignOfExperiment* design) {
 }
 
 void SerialDesignOfExperiment::RemoveInstance(SerialDesignOfExperiment* design) {
-  const int rank = mpInstanceTab.position(design);
-  if (rank < 0) InexistantInstance("SerialDesignOfExperiment::RemoveInstance");
-  mpInstanceTab.remove(rank);
+  TakeOut(mpInstanceTab, design, "SerialDesignOfExperiment::RemoveInstance");
   --mInstanceNumber;
 }
 
 SerialDesignOfExperiment* SerialDesignOfExperiment::GetInstance(int rank) {
-  if (rank < 0 || rank >= mpInstanceTab.size())
-    FailOnIndex("SerialDesignOfExperiment::GetInstance", mpInstanceTab, rank);
-  return mpInstanceTab[rank];
+  return InstanceAt(mpInstanceTab, rank, "SerialDesignOfExperiment::GetInstance");
 }
 
 // The crossing ----------------------------------------------------------------------------------------
@@ -163,7 +155,7 @@ int FactorialDesignOfExperiment::NextSimulationSettings() {
   try {
     if (!mSerialDesigns.empty()) goneAllOver = Advance();
   } catch (int index) {
-    FailOnIndex("FactorialDesignOfExperiment::NextSimulationSettings", mSerialDesigns, index);
+    FailOnIndex("FactorialDesignOfExperiment::NextSimulationSettings", mSerialDesigns.size(), index);
   }
   std::printf("\nFIN FED::NSS goneAllOver = %d - la var qui vient de changer est d'index %d\n",
               goneAllOver ? 1 : 0, mCurrentSerialExpeDesignIndex);

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "kalve/engine/DiscreteProcess.h"
+#include "kalve/engine/EngineLookups.h"
 #include "kalve/engine/Event.h"
 #include "kalve/foundations/Records.h"
 #include "kalve/foundations/TraceSwitches.h"
@@ -266,6 +267,9 @@ TEST_F(TeardownTest, NothingIsLeftAndTheCountersAgree) {
   EXPECT_EQ(DiscreteProcess::getNbConst(), DiscreteProcess::getNbDest());
   EXPECT_EQ(Method::getNbConst(), Method::getNbDest());
   EXPECT_EQ(Argument::getNbConst(), Argument::getNbDest());
+  EXPECT_EQ(GetNamedEvent("dawn"), nullptr);
+  const std::unique_ptr<Tableau<Event*>> events(GetClassNamedEventTab("dawn"));
+  EXPECT_EQ(events->size(), 0);
   DeleteAll();  // a second teardown finds nothing
 }
 

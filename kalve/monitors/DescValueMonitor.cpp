@@ -156,6 +156,12 @@ void DescValueMonitor::AddInstance(DescValueMonitor* monitor) {
   ++mInstanceNumber;
 }
 
+DescValueMonitor* DescValueMonitor::GetInstance(int rank) {
+  if (rank < 0 || rank >= mpInstanceTab.size())
+    FailOnIndex("DescValueMonitor::GetInstance", mpInstanceTab.size(), rank);
+  return mpInstanceTab[rank];
+}
+
 int DescValueMonitor::GetPosition(DescValueMonitor* monitor) { return mpInstanceTab.position(monitor); }
 
 void DescValueMonitor::RemoveInstance(DescValueMonitor* monitor) {

@@ -113,8 +113,9 @@ void ReadExpansion(benchmark::State& state) {
   std::vector<Cow*> found;
   for (Cow* animal : herd.Cows())
     if (IsEven(*animal)) found.push_back(animal);
+  constexpr int evenOnes = instances / 2;
   MeasurePair(
-      state, instances / 2, [&] { benchmark::DoNotOptimize(spec.GetExpansion()->size()); },
+      state, evenOnes, [&] { benchmark::DoNotOptimize(spec.GetExpansion()->size()); },
       [&] {
         std::size_t kept = 0;
         for (Cow* animal : found)

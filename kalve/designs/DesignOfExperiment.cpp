@@ -6,6 +6,7 @@
 
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/FailureReport.h"
+#include "kalve/foundations/Registry.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/inputs/Parameter.h"
 #include "kalve/inputs/ParserFunction.h"
@@ -144,16 +145,12 @@ void SerialDesignOfExperiment::AddInstance(SerialDesignOfExperiment* design) {
 }
 
 void SerialDesignOfExperiment::RemoveInstance(SerialDesignOfExperiment* design) {
-  const int rank = mpInstanceTab.position(design);
-  if (rank < 0) InexistantInstance("SerialDesignOfExperiment::RemoveInstance");
-  mpInstanceTab.remove(rank);
+  TakeOut(mpInstanceTab, design, "SerialDesignOfExperiment::RemoveInstance");
   --mInstanceNumber;
 }
 
 SerialDesignOfExperiment* SerialDesignOfExperiment::GetInstance(int rank) {
-  if (rank < 0 || rank >= mpInstanceTab.size())
-    FailOnIndex("SerialDesignOfExperiment::GetInstance", mpInstanceTab.size(), rank);
-  return mpInstanceTab[rank];
+  return InstanceAt(mpInstanceTab, rank, "SerialDesignOfExperiment::GetInstance");
 }
 
 // The crossing ----------------------------------------------------------------------------------------

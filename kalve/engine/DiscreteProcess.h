@@ -21,7 +21,7 @@ class DiscreteProcess : public Process {
   ~DiscreteProcess();
   /// Destroys the methods, then destroys and frees the process as its true class. ProcessDispatch.cpp
   void DeleteInDepth();
-  /// Replaces shared methods by copies that describe this process.
+  /// Replaces methods that describe another process by now with copies that describe this one.
   void TakeMethodsOfItsOwn();
 
   /// Runs at the event's date.

@@ -188,6 +188,8 @@ class Event {
   /// The agenda says that the event joins or leaves it: processes count the pending events that hold them.
   void EnterAgenda() { StandInAgendas(1); }
   void LeaveAgenda() { StandInAgendas(-1); }
+  /// The process is about to die: its couples are passed over from now on.
+  void ForgetProcess(const Process* process);
 
  private:
   friend class AgendaIndex;

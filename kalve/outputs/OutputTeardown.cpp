@@ -35,17 +35,17 @@ void DeleteContent(const EntityOutputSpec& spec) {
 
 /// Walks a copy of the list, which the destructors edit.
 template <class Spec>
-void DeleteSpecs(Liste<OutputSpec*> specs) {
-  for (OutputSpec* spec : specs) delete static_cast<Spec*>(spec);
+void DeleteSpecs() {
+  for (OutputSpec* spec : Spec::InstanceList()) delete static_cast<Spec*>(spec);
   Spec::EraseInstanceList();
 }
 
 }  // namespace
 
 void DeleteOutputSpecs() {
-  DeleteSpecs<EventOutputSpec>(EventOutputSpec::InstanceList());
-  DeleteSpecs<ProcessOutputSpec>(ProcessOutputSpec::InstanceList());
+  DeleteSpecs<EventOutputSpec>();
+  DeleteSpecs<ProcessOutputSpec>();
   for (OutputSpec* spec : EntityOutputSpec::mpInstanceList)
     DeleteContent(*static_cast<EntityOutputSpec*>(spec));
-  DeleteSpecs<EntityOutputSpec>(EntityOutputSpec::InstanceList());
+  DeleteSpecs<EntityOutputSpec>();
 }

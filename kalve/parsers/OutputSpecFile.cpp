@@ -166,7 +166,7 @@ void OutputSpecFile::CheckParameters() const {
     if (!mSeries.file)
       FaultInFile(where, "PARAMETER : les paramètres ne s'écrivent que dans un fichier (FILE)");
     if (ident1 == "ALL" || ident1 == "GROUP") continue;
-    const FailureContext context([&where] { AnnounceFault(where, "PARAMETER"); });
+    const FailureContext context([&at = where] { AnnounceFault(at, "PARAMETER"); });
     GetParameter(ident1.c_str(), ident2.c_str());
   }
 }

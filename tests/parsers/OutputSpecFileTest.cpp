@@ -1,9 +1,9 @@
 // The output-specification file: what it declares, what a run then writes, and its faults.
 #include <sstream>
 
-#include "examples/herd/HerdClasses.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/inputs/ParserFunction.h"
+#include "tests/parsers/FarmClasses.h"
 #include "tests/parsers/RandomInput.h"
 
 namespace {
@@ -12,7 +12,7 @@ class OutputSpecFileTest : public RandomInput {
  protected:
   OutputSpecFileTest() {
     BasicEntity::mInstanceNumber = 0;
-    InstallHerdClasses();
+    InstallFarmClasses();
     simulation.SetOutDir(folder.Path("").c_str());
   }
   ~OutputSpecFileTest() override {
@@ -136,9 +136,9 @@ TEST_F(OutputSpecFileTest, ARunWritesWhatWasAskedFor) {
        "STRUCTURE Cow { CREATION \"cows\"; }\n"
        "SERIES Cow { FILE \"weights\"; PARAMETER GROUP feeding; weight 2; calvings; }\n"
        "SERIES Paddock { FILE \"areas\"; VALUES END; DATE CLOCK; area 1; }");
-  Entity* const cow = NewHerdEntity("Cow");
+  Entity* const cow = NewFarmEntity("Cow");
   cow->SetInstanceName("hortense");
-  Entity* const paddock = NewHerdEntity("Paddock");
+  Entity* const paddock = NewFarmEntity("Paddock");
   paddock->SetInstanceName("river");
   paddock->SetDoubleValue(AREA, 2.5);
   cow->SetDoubleValue(WEIGHT, 612.5);

@@ -1,7 +1,9 @@
 // Failures and warnings about events.
 #include "kalve/engine/Event.h"
+#include "kalve/engine/Process.h"
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/FailureReport.h"
+#include "kalve/model/BasicEntity.h"
 
 void NoSimulatedEntity() {
   ReportFailure("\n!!!============== NoSimulatedEntity ==============",
@@ -13,6 +15,31 @@ void UnspecifiedProcess(Event* event) {
   // The one fatal failure without banner.
   ReportFailure("", "\n!!! On n'a pas specifié le ou les processus géré(s). !!!\n    événement : %s",
                 event->ClassName());
+}
+
+namespace {
+
+/// "'event' ('process' sur 'entity')", of the event's first process.
+std::string WithProcess(Event* event) {
+  Process* process = event->LengthListProcessAction() > 0 ? event->FirstProcess() : nullptr;
+  const bool isBound =
+      process != nullptr && (process->HasProcessedEntity() != 0 || process->HasProcessedEntitySpec() != 0);
+  const BasicEntity* entity = isBound ? process->ProcessedBasicEntity() : nullptr;
+  const std::string on = entity != nullptr ? Text("'%s'", entity->InstanceName()) : "<non spécifié>";
+  return Text("'%s' ('%s' sur %s)", event->ClassName(), process != nullptr ? process->ClassName() : "",
+              on.c_str());
+}
+
+}  // namespace
+
+void TwoEventsWithSameDateAndPriority(Event* first, Event* second, int date) {
+  if (g_KV_TraceWarnings != 1) return;  // a specification of the entity would be expanded for nothing
+  ReportWarning(
+      "\n!!!! Attention : les deux événements suivants :\n%s\net\n%s"
+      "\n... ont la même priorité (%d) et peuvent intervenir à la même date (%d)."
+      "\nArbitrairement, le premier (%s) est supposé intervenir avant le second (%s).",
+      WithProcess(second).c_str(), WithProcess(first).c_str(), first->PriorityDegree(), date,
+      first->ClassName(), second->ClassName());
 }
 
 void UnexpectedProbability(Event* event, float probability) {

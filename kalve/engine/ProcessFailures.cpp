@@ -66,8 +66,8 @@ void UnfoundProcessForAddingToEvent(const char* processClassName, ActionType act
 
 void UnfoundProcessInEvent(Event* event, int processClass) {
   ReportFailure("\n!!!============== UnfoundProcessInEvent ==============",
-                "\n!!! L'événement '%s' ne comporte pas de processus de classe %d.", event->ClassName(),
-                processClass);
+                "\n!!! L'événement '%s' ne comporte pas de processus de classe %s.", event->ClassName(),
+                ClassSymbolText(processClass).c_str());
 }
 
 void UnAuthorizedDirective(Process* process, const char* directive) {

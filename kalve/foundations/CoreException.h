@@ -102,6 +102,7 @@ void EmptyInstanceListForMetaClass(int classSymbol);
 
 // Events, processes and their actions: engine/EventFailures.cpp, engine/ProcessFailures.cpp
 [[noreturn]] void UnspecifiedProcess(Event* event);
+/// For predicates of the agenda that an application assigns: the kernel's own order never warns.
 void TwoEventsWithSameDateAndPriority(Event* first, Event* second, int date);
 [[noreturn]] void UnexpectedProbability(Event* event, float probability);
 [[noreturn]] void UnexpectedPriorityDegree(Event* event, short degree);
@@ -178,7 +179,7 @@ void BadDate(const char* where, int a, int b, int c, int d, int e, int f);
 [[noreturn]] void BadSyntaxInOSFile(const char* read, const char* expected);
 void BadSyntaxInDBOSFile();
 [[noreturn]] void Obsolescence(const char* what, const char* since);
-[[noreturn]] void OverSpecificationOnParentClass(const char* className, const char* parentClassName);
+[[noreturn]] void OverSpecificationOnParentClass(const char* className, const char* relatedClassName);
 [[noreturn]] void NonPositiveStandardDeviation(const char* function, double deviation);
 [[noreturn]] void StrangeEntity(const char* operation, BasicEntity* entity);
 [[noreturn]] void InexistantInstance(const char* operation);

@@ -70,15 +70,27 @@ int TimeIntervalToClockNumber(long seconds) {
   return static_cast<int>(std::clamp<long>(ticks, Clock::min(), Clock::max()));
 }
 
+namespace {
+
+long UnitsOfClock(int ticks) { return static_cast<long>(pCurrentSim->ClockTimeUnitQuantity()) * ticks; }
+
+/// Saturated where a sum of two would no longer fit.
+long Seconds(long units, long secondsPerUnit) {
+  const long most = std::numeric_limits<long>::max() / 2 / secondsPerUnit;
+  return std::clamp(units, -most, most) * secondsPerUnit;
+}
+
+}  // namespace
+
 long ClockNumberToTimeInterval(int ticks) {
-  const long units = static_cast<long>(pCurrentSim->ClockTimeUnitQuantity()) * ticks;
+  const long units = UnitsOfClock(ticks);
   switch (pCurrentSim->ClockTimeUnit()) {
     case HOUR:
-      return units * 3600;
+      return Seconds(units, 3600);
     case DAY:
-      return units * 86400;
+      return Seconds(units, 86400);
     case MINUTE:
-      return units * 60;
+      return Seconds(units, 60);
     case SECOND:
       return units;
   }
@@ -96,18 +108,18 @@ long ClockNumberToTimeInterval(int ticks, int dstBegin, int dstEnd) {
 namespace {
 
 std::tm TmOfClock(int clock) {
-  const long units = static_cast<long>(pCurrentSim->ClockTimeUnitQuantity()) * clock;
+  const long units = UnitsOfClock(clock);
   std::time_t moment = pCurrentSim->AbsoluteBeginningTime();
   const TimeUnit unit = pCurrentSim->ClockTimeUnit();
   switch (unit) {
     case HOUR:
-      moment += units * 3600;
+      moment += Seconds(units, 3600);
       break;
     case MINUTE:
-      moment += units * 60;
+      moment += Seconds(units, 60);
       break;
     case SECOND:
-      moment += units;
+      moment += Seconds(units, 1);
       break;
     case DAY:
       break;
@@ -117,7 +129,7 @@ std::tm TmOfClock(int clock) {
   std::tm time{};
   localtime_r(&moment, &time);
   if (unit == DAY) {
-    time.tm_mday = static_cast<int>(time.tm_mday + units);
+    time.tm_mday = static_cast<int>(std::clamp<long>(time.tm_mday + units, K_INTMIN, K_INTMAX));
     time.tm_isdst = -1;
     std::mktime(&time);
   }

@@ -77,11 +77,11 @@ void Obsolescence(const char* what, const char* since) {
                 "\n!!! '%s' est une obsolescence depuis %s.", what, since);
 }
 
-void OverSpecificationOnParentClass(const char* className, const char* parentClassName) {
+void OverSpecificationOnParentClass(const char* className, const char* relatedClassName) {
   ReportFailure("\n!!!============== OverSpecificationOnParentClass ==============",
                 "\n!!! Tentative de spécification de sortie sur la classe '%s'"
                 "\n    alors qu'une spécification sur la classe aparentée '%s'\n    a déjà été faite.!!!",
-                className, parentClassName);
+                className, relatedClassName);
 }
 
 void InexistantInstance(const char* operation) {

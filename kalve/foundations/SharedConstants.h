@@ -27,9 +27,9 @@ inline constexpr const char* gUnderscore = "_";
 /// Label of a method's body.
 inline constexpr const char* gBodyLabel = "Body";
 
-/// Separators of the control protocol.
-inline constexpr const char* majSep = " | ";
-inline constexpr const char* minSep = " ; ";
+/// Separators of the control protocol. The kernel never points them elsewhere.
+inline const char* majSep = " | ";
+inline const char* minSep = " ; ";
 
 /// Shared buffers: each is filled by one call and read at once by its caller, before the next call.
 inline constexpr int gTimeStringSize = 50;

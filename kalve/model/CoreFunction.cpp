@@ -40,7 +40,7 @@ char* fillLeft(int width, int n, char* buffer) {
 }
 
 void FirstToUpper(const char* in, char* out) {
-  std::strcpy(out, in);  // NOLINT: the caller's buffer takes the text
+  std::memmove(out, in, std::strlen(in) + 1);  // both may be one text
   out[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(out[0])));
 }
 

@@ -90,8 +90,10 @@ void DirectiveFile::GiveProbability(Event* event) const {
     FaultInFile(mEvent.percent->where, "PROBABILITY et PERCENT sont donnés pour le même événement");
   if (mEvent.probability) {
     const double probability = mEvent.probability->value;
-    if (!(probability >= 0.0 && probability <= 1.0))
+    if (!(probability >= 0.0 && probability <= 1.0)) {
       AnnounceFault(mEvent.probability->where, "PROBABILITY demande un nombre de 0 à 1");
+      UnexpectedProbability(event, static_cast<float>(probability));  // which may round to one in bounds
+    }
     event->SetOccurrenceProbability(static_cast<float>(probability));
   }
   if (mEvent.percent) {

@@ -64,7 +64,7 @@ typename Grammar::symbol_type NextSymbol(ParseState& state, const Keywords& keyw
 /// Ends the run with what was read and what the grammar could have taken.
 template <class Grammar>
 [[noreturn]] void ReportSyntax(ParseState& state, const typename Grammar::context& context) {
-  constexpr int most = 32;
+  constexpr int most = Grammar::symbol_kind::YYNTOKENS;
   typename Grammar::symbol_kind_type kinds[most];
   const int count = context.expected_tokens(kinds, most);
   std::string expected;

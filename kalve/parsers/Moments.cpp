@@ -15,11 +15,10 @@ int DaysOfMonth(int month, int year) {
   return month == 2 && isLeap ? 29 : days[month - 1];
 }
 
-/// Years of two digits are of this century; a 29 February without a year waits for the year.
+/// A 29 February without a year waits for the year.
 std::string DayFault(int day, int month, std::optional<int> year) {
-  const int written = year.value_or(0);
-  const int fullYear = written <= 99 ? written + 2000 : written;
-  if (day >= 1 && day <= DaysOfMonth(month, fullYear)) return "";
+  constexpr int leapYear = 2000;
+  if (day >= 1 && day <= DaysOfMonth(month, year.value_or(leapYear))) return "";
   const std::string shownYear = year ? Text(" %d", *year) : std::string();
   return Text("le jour %d %s%s n'existe pas", day, MonthToChar(month), shownYear.c_str());
 }
@@ -63,6 +62,7 @@ std::string DateFault(int day, const std::string& month, std::optional<int> year
                 Quoted(month).c_str());
   if (year && (*year < 0 || *year > 9999))
     return Text("l'année %d n'est pas comprise entre 0 et 9999", *year);
+  if (year) year = FullYear(*year);
   return DayFault(day, number, year);
 }
 
@@ -75,7 +75,8 @@ TimeOfDay CheckedTime(const Position& where, int hour, int minute, int second) {
 Date CheckedDate(const Position& where, int day, const std::string& month, std::optional<int> year,
                  const TimeOfDay& time) {
   if (const std::string fault = DateFault(day, month, year); !fault.empty()) FaultInFile(where, fault);
-  return {year.value_or(K_INT_UNSIGNIFICANT), MonthNumber(month), day, time.hour, time.minute, time.second};
+  const int fullYear = year ? FullYear(*year) : K_INT_UNSIGNIFICANT;
+  return {fullYear, MonthNumber(month), day, time.hour, time.minute, time.second};
 }
 
 TimeUnit CheckedUnit(const Position& where, const std::string& unit) {

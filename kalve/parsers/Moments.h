@@ -22,13 +22,16 @@ struct Moment {
   Position where = {};
 };
 
+/// Years of two digits are of this century.
+inline int FullYear(int written) { return written <= 99 ? written + 2000 : written; }
+
 /// What is wrong with a time or a day, in French; "" when it exists.
 std::string TimeFault(const TimeOfDay& time);
 std::string DateFault(int day, const std::string& month, std::optional<int> year);
 
 /// From 00:00:00 to 23:59:59.
 TimeOfDay CheckedTime(const Position& where, int hour, int minute, int second);
-/// A day of the calendar. The year is kept as written, from 0 to 9999; -9 without one.
+/// A day of the calendar. The year is from 0 to 9999, and up to 99 has 2000 added; -9 without one.
 Date CheckedDate(const Position& where, int day, const std::string& month, std::optional<int> year,
                  const TimeOfDay& time);
 TimeUnit CheckedUnit(const Position& where, const std::string& unit);

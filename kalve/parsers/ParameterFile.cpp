@@ -29,9 +29,8 @@ struct Creation {
       AnnounceFault(date.where, fault);
       BadDateParameterValue(className, name);
     }
-    const int year = date.year <= 99 ? date.year + 2000 : date.year;
-    auto* const value = new Date(year, IndexMonth(date.month.c_str()), date.day, date.time.hour,
-                                 date.time.minute, date.time.second);
+    auto* const value = new Date(FullYear(date.year), IndexMonth(date.month.c_str()), date.day,
+                                 date.time.hour, date.time.minute, date.time.second);
     Create(VOID, {.entityValue = reinterpret_cast<BasicEntity*>(value)});
   }
 

@@ -44,8 +44,7 @@ void SimulationFile::ApplyBeginning() const {
 
 void SimulationFile::ApplyEnd() const {
   if (mEnd->kind == Moment::Kind::clock) return pCurrentSim->SetEndClock(mEnd->clock);
-  Date date = mEnd->date;
-  if (date.year <= 99) date.year += 2000;
+  const Date& date = mEnd->date;
   ClockOfDate(mEnd->where, date);  // refuses a date that has no clock
   pCurrentSim->SetEndDate(date.day, date.month, date.year, date.hour, date.minute, date.second);
 }

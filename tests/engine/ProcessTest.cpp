@@ -90,6 +90,31 @@ TEST_F(ProcessTest, TheEntityMustBeOfTheClassAndMayDie) {
   EXPECT_EQ(process->ProcessedBasicEntity(), nullptr);
 }
 
+TEST_F(ProcessTest, EventsNameTheirProcessesInFailures) {
+  auto* milking = new DiscreteProcess(20, "traite");
+  milking->ProcessedEntityClassId(COW);
+  Thing* cow = NewCow();
+  const OwnedEvent morning = MakeEvent(short{7}, "matin");
+  EXPECT_EQ(FailureOf([&] { morning->ProcessedEntity(KV_PROCESS, cow); }),
+            "\n!!!============== UnfoundProcessInEvent =============="
+            "\n!!! L'événement 'matin' ne comporte pas de processus de classe KV_PROCESS.\n");
+  EXPECT_NE(FailureOf([&] { morning->ProcessedEntity(500, cow); }).find(" de classe 500.\n"),
+            std::string::npos);
+
+  morning->AddProcessAction(milking, EXEC);
+  milking->ProcessedEntity(cow);
+  const OwnedEvent evening = MakeEvent(short{7}, "soir");
+  evening->AddProcessAction(new DiscreteProcess(21, "soin"), EXEC);
+  const auto warn = [&] { TwoEventsWithSameDateAndPriority(morning.get(), evening.get(), 12); };
+  EXPECT_EQ(OutputOf(warn), "");
+  g_KV_TraceWarnings = 1;
+  EXPECT_EQ(OutputOf(warn),
+            "\n!!!! Attention : les deux événements suivants :"
+            "\n'soir' ('soin' sur <non spécifié>)\net\n'matin' ('traite' sur 'Cow_1')"
+            "\n... ont la même priorité (7) et peuvent intervenir à la même date (12)."
+            "\nArbitrairement, le premier (matin) est supposé intervenir avant le second (soir).");
+}
+
 TEST_F(ProcessTest, CouplesKeepTheirOrder) {
   auto* grass = new ContinuousProcess(20, "herbe");
   auto* cows = new ContinuousProcess(21, "vaches");

@@ -75,6 +75,15 @@ TEST(Clock, CountsWholeTicksOfItsUnit) {
   }
 }
 
+TEST(Clock, TicksBeyondTheCalendarStayAhead) {
+  for (TimeUnit unit : {SECOND, MINUTE, HOUR, DAY}) {
+    const SimulationIn simulation(utc, unit, K_INTMAX);
+    EXPECT_GT(ClockNumberToTimeInterval(K_INTMAX), 1L << 61) << unit;
+    EXPECT_LT(ClockNumberToTimeInterval(-K_INTMAX), -(1L << 61)) << unit;
+    ClockValueToDate(K_INTMAX);
+  }
+}
+
 TEST(Clock, DaysKeepTheirHourAcrossSummerTimeAndHoursDoNot) {
   SimulationIn simulation(paris, DAY);
   pCurrentSim->SetBeginningDate(29, 3, 2008, 8, 0, 0);

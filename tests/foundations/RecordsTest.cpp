@@ -29,6 +29,21 @@ TEST(Failures, EndWithStatusZeroAndErrorAsLastLine) {
             "\n    Les unités valides sont : SECOND MINUTE HOUR DAY.\nERROR \n");
 }
 
+TEST(Failures, SayWhatWasAttempted) {
+  EXPECT_EQ(FailureOf([] { OverSpecificationOnParentClass("Cow", "Animal"); }),
+            "\n!!!============== OverSpecificationOnParentClass =============="
+            "\n!!! Tentative de spécification de sortie sur la classe 'Cow'"
+            "\n    alors qu'une spécification sur la classe aparentée 'Animal'"
+            "\n    a déjà été faite.!!!\n");
+  EXPECT_EQ(
+      FailureOf([] { ConnexionFailedToDataBase("herd", "farm"); }),
+      "\n!!!============== ConnexionFailedToDataBase =============="
+      "Postgresql: Impossible d'établir la connexion\n    data base : 'herd'\n    user name : 'farm'\n");
+  EXPECT_EQ(FailureOf([] { Obsolescence("Run", "2007"); }),
+            "\n!!!============== Obsolescence =============="
+            "\n!!! 'Run' est une obsolescence depuis 2007.\n");
+}
+
 TEST(Failures, WarningsPrintOnlyUnderTheirOption) {
   for (int option : {0, 2}) {
     EXPECT_EQ(OutputOf([option] {

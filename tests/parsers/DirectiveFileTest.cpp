@@ -35,8 +35,9 @@ TEST_F(DirectiveFileTest, PostsEventsByDateAndPriority) {
        "EVENT event NAME turnout AT 10 AVR 2008 PRIORITY 10 { }\n"
        "EVENT \"milking\" PRIORITY 5 AT CLOCK 9;   # the same day\n"
        "EVENT event AT 15 \"NOV\" 12:00;\n"
+       "EVENT event AT 29 FEV 12;\n"
        "EVENT milking AT CLOCK 0;\n");
-  EXPECT_EQ(Agenda(), "milking 0 99, milking 9 5, turnout 9 10, event 228 99, ");
+  EXPECT_EQ(Agenda(), "milking 0 99, milking 9 5, turnout 9 10, event 228 99, event 1429 99, ");
 }
 
 TEST_F(DirectiveFileTest, GivesAPlainEventItsNameAsClassToo) {
@@ -128,6 +129,10 @@ TEST_F(DirectiveFileTest, EndsInTheFailureMadeForTheFault) {
        "PROBABILITY demande un nombre de 0 à 1\n!!!============== UnexpectedProbability =============="
        "\n!!! probabilité d'occurrence incorrecte (non incluse dans [0 1] !!!"
        "\n    événement : event\n    date : 0\n    probabilité affectée : 95\nERROR \n"},
+      {"EVENT event AT CLOCK 1 PROBABILITY 1.0000000001;", 1,  // 1 in single precision
+       "PROBABILITY demande un nombre de 0 à 1\n!!!============== UnexpectedProbability =============="
+       "\n!!! probabilité d'occurrence incorrecte (non incluse dans [0 1] !!!"
+       "\n    événement : event\n    date : 0\n    probabilité affectée : 1\nERROR \n"},
       {"EVENT event AT CLOCK 1 PERCENT 101;", 1,
        "PERCENT demande un entier de 0 à 100\n!!!============== UnexpectedProbability =============="
        "\n!!! probabilité d'occurrence incorrecte (non incluse dans [0 1] !!!"

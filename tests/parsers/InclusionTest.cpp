@@ -88,6 +88,43 @@ TEST_F(InclusionTest, RefusesWhatDoesNotCloseInItsOwnFile) {
   EXPECT_EQ(simulation.AgendaEventSize(), 1);
 }
 
+TEST_F(InclusionTest, FindsFaultsWhateverTheKindOfFile) {
+  const std::string unclosed = "un guillemet fermant sur la même ligne";
+  const std::string fileName = "le nom du fichier à inclure, entre guillemets";
+  const std::string longLine(1000000, 'x');
+  folder.Write("part", "# nothing\n");
+  const FaultCase cases[] = {
+      {"\n\"herd;\n\"", 2, "lu : '\"herd;' ; attendu : " + unclosed},
+      {"\"" + longLine, 1, "lu : '\"" + longLine.substr(0, 59) + "...' ; attendu : " + unclosed},
+      {"#" + longLine + "\n" + std::string(1000000, '9') + ";", 2,
+       "lu : '" + std::string(60, '9') + "...' ; attendu : un entier entre -2147483648 et 2147483647"},
+      {"1e999;", 1, "lu : '1e999' ; attendu : un réel représentable"},
+      {"INCLUDE;", 1, "lu : ';' ; attendu : " + fileName},
+      {"INCLUDE", 1, "lu : la fin du fichier ; attendu : " + fileName},
+      {"INCLUDE \"part\"\n", 2, "lu : la fin du fichier ; attendu : ';'"},
+      {"INCLUDE \"part\";\nEND INCLUDE", 2, "lu : la fin du fichier ; attendu : ';'"},
+      {"INCLUDE \"part\";\nINCLUDE \"f\";", 2, "le fichier '" + path + "' s'inclut lui-même"},
+      {"\n}", 2, "lu : '}' ; attendu : une instruction (aucune accolade n'est ouverte dans ce fichier)"},
+      {std::string("#\n\0", 3), 2, "octet nul : ce fichier n'est pas un texte"},
+  };
+  const std::string tooMany = Announced(path, 2, "END INCLUDE dans un fichier qui n'est pas inclus") +
+                              "\n!!!============== UnexpectedEndInclude =============="
+                              "\n!!! END INCLUDE sans inclusion en cours.\n    fichier : '" +
+                              path + "'\nERROR \n";
+  const std::string banner =
+      "\n!!!============== BadFileName ==============\n!!! Impossible d'ouvrir le fichier '";
+  for (auto parse : {ParseSimulationFile, ParseDirectiveFile}) {
+    for (const FaultCase& c : cases)
+      EXPECT_EQ(ReadInChild(parse, c.bytes), Fault(c.line, c.what)) << c.bytes.substr(0, 100);
+    EXPECT_EQ(ReadInChild(parse, "INCLUDE \"part\";\nEND INCLUDE;"), tooMany);
+    EXPECT_EQ(ReadInChild(parse, "\nINCLUDE \"none\";"),
+              banner + folder.Path("none") + "'." + IncludedBy(path, 2) + "\nERROR \n");
+    EXPECT_EQ(RunInChild([parse] { parse("/no/file"); }).output, banner + "/no/file'.\nERROR \n");
+    EXPECT_EQ(RunInChild([parse] { parse("/"); }).output,
+              FaultOf("/", 1, "le fichier ne peut pas être lu", ""));
+  }
+}
+
 TEST_F(InclusionTest, EndsInTheFailureMadeForTheFault) {
   EXPECT_EQ(ReadInChild(ParseStructureFile, "\nEND INCLUDE;"),
             Announced(path, 2, "END INCLUDE dans un fichier qui n'est pas inclus") +

@@ -68,6 +68,7 @@ TEST_F(SimulationFileTest, SaysWhatItReadAndExpected) {
       {"BEGIN 10 AVR;", 1, "lu : ';' ; attendu : un entier"},
       {"BEGIN 31 AVR 2008;", 1, "le jour 31 AVR 2008 n'existe pas"},
       {"BEGIN 29 FEV 1900;", 1, "le jour 29 FEV 1900 n'existe pas"},
+      {"BEGIN 29 FEV 7;", 1, "le jour 29 FEV 2007 n'existe pas"},
       {"BEGIN 0 AVR 2008;", 1, "le jour 0 AVR 2008 n'existe pas"},
       {"BEGIN 1 AVR -2;", 1, "l'année -2 n'est pas comprise entre 0 et 9999"},
       {"BEGIN 1 AVR 2008 24:00;", 1, "l'heure 24:00:00 n'existe pas"},

@@ -7,16 +7,29 @@
 int Event::mInstanceNumber = 0;
 int Event::_nbConst = 0;
 int Event::_nbDest = 0;
+constinit BlockPool Event::pool{sizeof(Event)};
 
 void Event::AddInstance(int classSymbol, const char* className) {
   mThisInstanceNumber = ++mInstanceNumber;
   mClassSymbol = classSymbol;
   ClassName(className);
-  SetInstanceName(mClassName, mThisInstanceNumber);
+  mNameStem = mClassName;
+  mIsNamed = false;
+}
+
+const std::string& Event::ComposedName() const {
+  mInstanceName = ComposeInstanceName(mNameStem, mThisInstanceNumber);
+  mIsNamed = true;
+  return mInstanceName;
+}
+
+void Event::SetInstanceName(const char* name) {
+  mInstanceName = name;
+  mIsNamed = true;
 }
 
 void Event::SetInstanceName(const char* name, int number) {
-  mInstanceName = ComposeInstanceName(name, number);
+  SetInstanceName(ComposeInstanceName(name, number));
 }
 
 void Event::SetPriorityDegree(short degree) {
@@ -88,15 +101,14 @@ void Event::ClearListProcessAction() {
   for (StructProcessAction* couple : mListpProcessAction) {
     // Outside of an agenda the process may be gone already.
     if (mAgendas != 0 && couple->process != nullptr) couple->process->mAgendaCouples -= mAgendas;
-    delete couple;
   }
-  mListpProcessAction.erase();
+  mListpProcessAction.Clear();
 }
 
 /// Puts a couple at its rank; the process knows of the agendas in which it now waits.
-void Event::Append(StructProcessAction* couple, int rank) {
-  mListpProcessAction.insert(rank, couple);
-  if (couple->process != nullptr) couple->process->mAgendaCouples += mAgendas;
+void Event::Append(Process* process, ActionType action, int rank) {
+  mListpProcessAction.Insert(rank, process, action);
+  if (process != nullptr) process->mAgendaCouples += mAgendas;
 }
 
 void Event::StandInAgendas(int change) {

@@ -8,9 +8,9 @@
 
 #include <string>
 
-#include "kalve/foundations/Records.h"
-#include "kalve/foundations/Tableau.h"
-#include "kalve/methods/MethodTable.h"
+#include "kalve/engine/Couples.h"
+#include "kalve/foundations/BlockPool.h"
+#include "kalve/methods/LazyMethods.h"
 
 class Event {
  public:
@@ -48,14 +48,16 @@ class Event {
   /// Frees what the event is done with: discrete processes (their methods too if `inDepth`) and continuous
   /// ones that are to be deleted; processes that another event of an agenda holds are spared.
   void DeleteProcessesIfNeeded(bool inDepth);
+  static void* operator new(std::size_t size) { return pool.Take(size); }
+  static void operator delete(void* block) { pool.Give(block); }
 
   // Identity
   int ClassSymbol() const { return mClassSymbol; }
   void ClassSymbol(int symbol) { mClassSymbol = symbol; }
   const char* ClassName() const { return mClassName; }
   void ClassName(const char* name);
-  const char* InstanceName() const { return mInstanceName.c_str(); }
-  void SetInstanceName(const char* name) { mInstanceName = name; }
+  const char* InstanceName() const { return (mIsNamed ? mInstanceName : ComposedName()).c_str(); }
+  void SetInstanceName(const char* name);
   /// "name_number".
   void SetInstanceName(const char* name, int number);
   /// Gives the next instance number, class and name; numbers are never used again.
@@ -107,7 +109,7 @@ class Event {
   void HasPostConsequence(int flag) { mHasPostConsequence = flag; }
 
   // Couples
-  Tableau<StructProcessAction*> ListpProcessAction() const { return mListpProcessAction; }
+  Tableau<StructProcessAction*> ListpProcessAction() const { return mListpProcessAction.Table(); }
   int LengthListProcessAction() const { return mListpProcessAction.size(); }
   /// Adds a couple behind the others: actions of one process by rising number, at most one PROCEED, steps of
   /// continuous processes rising within an action (UnexpectedAddToListProcessAction).
@@ -145,6 +147,8 @@ class Event {
   /// Ignores methods that are not for events.
   void AddMethod(Method* method);
   Method* GetMethod(int id);
+  /// The same, and null for a method without body.
+  Method* GetMethodWithBody(int id);
   /// The first of that name, or null.
   Method* GetMethod(const char* name) const { return mMethods.Named(name); }
   Tableau<Method*> MethodTab() const { return mMethods.Methods(); }
@@ -198,15 +202,19 @@ class Event {
   void Place(int clock, short priority);
   void TakeDates(const Event& other);
   void TakeFlags(const Event& other);
-  void AddAllMethods();
   void TraceConstruction() const;
   void StandInAgendas(int change);
-  void Append(StructProcessAction* couple, int rank);
+  const std::string& ComposedName() const;
+  void Append(Process* process, ActionType action, int rank);
   template <class NewDiscrete>
   void CopyCouples(const Event& other, NewDiscrete newDiscrete);
   Process* ProcessOfClass(int processClass);
   Tableau<Process*> DistinctProcesses() const;
+  template <class Act>
+  void ForEachProcess(Act act) const;
+  void ReportAbsent(int id, const char* caller) const;
   Method* MethodOr(int id, const char* caller);
+  Method* MethodWithBody(int id, const char* caller);
   template <class Result>
   Result Exec(int id, const char* caller);
   template <class Result>
@@ -223,7 +231,9 @@ class Event {
   int mClassSymbol = K_INT_UNSIGNIFICANT;
   const char* mClassName = "";
   int mThisInstanceNumber = 0;
-  std::string mInstanceName;
+  mutable std::string mInstanceName;  // composed when it is first read
+  mutable bool mIsNamed = true;
+  const char* mNameStem = "";
   int mMinOccurrenceClockTime = K_INT_UNSIGNIFICANT;
   int mMaxOccurrenceClockTime = K_INT_UNSIGNIFICANT;
   int mOccurrenceClockTime = 0;
@@ -236,18 +246,29 @@ class Event {
   int mMaxDelayNextEvent = 1;
   float mNextEventOccurrenceProbability = 1.0F;
   int mHasPostConsequence = 0;
-  Tableau<StructProcessAction*> mListpProcessAction;
+  Couples mListpProcessAction;
   int mIsRecorded = 0;
   EventOutputSpec* mOutputSpec = nullptr;
   int mIsPoppingToSuspend = 0;
   int mIsPoppingToResume = 0;
-  MethodTable mMethods;
+  LazyMethods mMethods;
   int mAgendas = 0;  // how often it stands in an agenda
   int mFences = 0;   // how many fences of the agenda's index stand on its cells
 
+  static BlockPool pool;
   static int _nbConst;
   static int _nbDest;
 };
+
+/// Each process of the couples once; it may die in the act.
+template <class Act>
+void Event::ForEachProcess(Act act) const {
+  if (mListpProcessAction.size() > 1) {
+    for (Process* process : DistinctProcesses()) act(process);
+  } else if (!mListpProcessAction.empty() && mListpProcessAction[0]->process != nullptr) {
+    act(mListpProcessAction[0]->process);
+  }
+}
 
 /// By date alone.
 inline bool operator<(const Event& a, const Event& b) {

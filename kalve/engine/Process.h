@@ -13,7 +13,7 @@
 #include "kalve/foundations/Enumerations.h"
 #include "kalve/foundations/InstanceTable.h"
 #include "kalve/foundations/SharedConstants.h"
-#include "kalve/methods/MethodTable.h"
+#include "kalve/methods/LazyMethods.h"
 
 class Process {
  public:
@@ -39,8 +39,8 @@ class Process {
   void ClassName(const char* name);
   /// Rank of the process among those alive when it was made, from 1: it can recur within a run.
   int ProcessInstanceNumber() const { return mThisInstanceNumber; }
-  const char* InstanceName() const { return mInstanceName.c_str(); }
-  void SetInstanceName(const char* name) { mInstanceName = name; }
+  const char* InstanceName() const { return (mIsNamed ? mInstanceName : ComposedName()).c_str(); }
+  void SetInstanceName(const char* name);
   /// "name_number".
   void SetInstanceName(const char* name, int number);
   /// Enters the table of living processes and gives number, class and name.
@@ -102,6 +102,8 @@ class Process {
   /// Ignores methods that are not for processes.
   void AddMethod(Method* method);
   Method* GetMethod(int id);
+  /// The same, and null for a method without body.
+  Method* GetMethodWithBody(int id);
   /// The first of that name, or null.
   Method* GetMethod(const char* name) const { return mMethods.Named(name); }
   Tableau<Method*> MethodTab() const { return mMethods.Methods(); }
@@ -128,20 +130,27 @@ class Process {
  protected:
   /// What every raw copy and assignment takes beyond the copy constructor.
   void TakeBinding(const Process& other);
+  /// The predefined methods of a derived class, those of this one first.
+  void BeginMethods(const PredefinedSet& set) { mMethods.Begin(set, this); }
+  void ReportAbsent(int id, const char* caller) const;
   Method* MethodOr(int id, const char* caller);
+  Method* MethodWithBody(int id, const char* caller);
   BasicEntity* BoundOrSpecifiedEntity();
 
-  MethodTable mMethods;
+  LazyMethods mMethods;
 
  private:
   friend class Event;
   friend struct Ranks;
+  const std::string& ComposedName() const;
 
   ProcessSubclassId mSubclass = DISCRETE_PROCESS;
   int mClassSymbol = K_INT_UNSIGNIFICANT;
   const char* mClassName = "";
   int mThisInstanceNumber = 0;
-  std::string mInstanceName;
+  mutable std::string mInstanceName;  // composed when it is first read
+  mutable bool mIsNamed = true;
+  const char* mNameStem = "";
   BasicEntity* mProcessedEntity = nullptr;
   int mProcessedEntityClassId = 0;
   int mHasProcessedEntity = 0;

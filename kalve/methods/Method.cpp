@@ -11,6 +11,7 @@
 int Method::mInstanceNumber = 0;
 int Method::_nbConst = 0;
 int Method::_nbDest = 0;
+constinit BlockPool Method::pool{sizeof(VoidEventMethod)};
 
 Method::Method(ObjectClassId branch, ValueTypeId type, int id, const char* name)
     : mObjectClass(branch), mClassType(type), mClassSymbol(id), mClassName(name) {
@@ -51,6 +52,12 @@ Method::~Method() {
 }
 
 void Method::RemoveInstance(Method* /*method*/) { --mInstanceNumber; }
+
+void Method::CountUnmade(int constructions, int destructions) {
+  _nbConst += constructions;
+  _nbDest += destructions;
+  mInstanceNumber -= destructions;
+}
 
 char* Method::ClassName() const { return strdup(OrEmpty(mClassName)); }
 

@@ -13,6 +13,7 @@
 
 #include <string>
 
+#include "kalve/foundations/BlockPool.h"
 #include "kalve/foundations/Enumerations.h"
 #include "kalve/foundations/SharedConstants.h"
 #include "kalve/foundations/Tableau.h"
@@ -22,6 +23,8 @@ class Method {
  public:
   Method& operator=(const Method&) = delete;
   ~Method();
+  static void* operator new(std::size_t size) { return pool.Take(size); }
+  static void operator delete(void* block) { pool.Give(block); }
 
   // Identity
   int ObjectClass() const { return mObjectClass; }
@@ -90,6 +93,8 @@ class Method {
   static int getNbDest() { return _nbDest; }
   /// Takes one off mInstanceNumber. Nothing adds to it: it runs below zero as methods die.
   static void RemoveInstance(Method* method);
+  /// Methods that count without an object of their own (LazyMethods).
+  static void CountUnmade(int constructions, int destructions);
   static int mInstanceNumber;
 
  protected:
@@ -119,6 +124,7 @@ class Method {
   Tableau<int> mDualArgumentTab;
   ErasedBody mBody = nullptr;
 
+  static BlockPool pool;  // for most leaves, which have a pointer more
   static int _nbConst;
   static int _nbDest;
 };

@@ -154,6 +154,7 @@ class DescEntityValueSpec;
 // The engine.
 class Simulation;
 class Event;
+class AgendaFences;
 class Process;
 class DiscreteProcess;
 class ContinuousProcess;

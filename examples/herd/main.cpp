@@ -1,22 +1,22 @@
 // A dairy herd at pasture through one grazing season, from its five files:
 //   herd season.prm season.sim season.out season.str season.dir [options]
-#include <array>
+// A user interface drives it over standard input and output. With -BATCH it runs by itself and sums the
+// season up; -EXPORT writes the class files and runs nothing.
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "examples/herd/HerdClasses.h"
+#include "examples/herd/HerdData.h"
+#include "examples/herd/HerdLife.h"
+#include "examples/herd/HerdSummary.h"
 
 namespace {
 
-/// What can happen to this herd, by the names that the directive file uses.
-constexpr std::array<const char*, 9> eventNames = {"turnout",       "nightsOut",   "haymaking",
-                                                   "deworming",     "inspection",  "calving",
-                                                   "paddockChange", "milkControl", "dryingOff"};
-
-Event* NewHerdEvent(const char* name) {
-  for (const char* known : eventNames)
-    if (std::strcmp(known, name) == 0) return new Event(known);
-  return nullptr;
+bool HasOption(int argc, char** argv, const char* option) {
+  return std::any_of(argv, argv + argc,
+                     [option](const char* word) { return std::strcmp(word, option) == 0; });
 }
 
 /// A line for each entity, its parts below it.
@@ -28,26 +28,65 @@ void PrintStructure(const BasicEntity& entity, int depth = 0) {
     if (part != nullptr) PrintStructure(*part, depth + 1);  // a slot without its component holds null
 }
 
+/// Equal seeds and numbers give equal seasons.
+void SeedAll() {
+  gRandomSeed = GetIntParameterValue("Herd", "seed") + std::max(0, pCurrentSim->GetNumId());
+  std::srand(static_cast<unsigned>(gRandomSeed));
+  pCurrentSim->GetRandomGenerator()->seed(static_cast<unsigned long>(gRandomSeed));
+}
+
+void InstallHerd() {
+  InstallHerdClasses();
+  AssignEnumToInt(HerdEnumToInt);
+  Assign_App_NewEntityFromStringFunction(NewHerdEntity);
+  Assign_App_NewEntityFromIdFunction(NewHerdEntityOfId);
+  Assign_App_NewEventFromStringFunction(NewHerdEvent);
+  Assign_App_NewProcessFromStringFunction(NewHerdProcess);
+  Assign_App_NewSerialDataFileFromStringFunction(NewHerdDataFile);
+  Assign_App_NewSerialDataFileFromIdFunction([](int id) { return GetSerialDataFile(id); });
+  Assign_App_SerialDataFileIdFromStringFunction(HerdDataFileId);
+}
+
+void ReadParameters(const char* path) {
+  ParseParameterFile(path);
+  Assign_InitParameterGlobalVariablesFunction(RefreshHerdParameters);
+  RefreshHerdParameters();
+}
+
+/// `files` are the five of the command line.
+void SetSeasonUp(char** files) {
+  MakeHerdMonitors();
+  pCurrentSim = new Simulation();
+  SeedAll();
+  ParseSimulationFile(files[1]);
+  ParseOutputSpecFile(files[2]);
+  ParseStructureFile(files[3]);
+  ParseDirectiveFile(files[4]);
+}
+
+void RunInBatch() {
+  PrintStructure(*pCurrentSim->SimulatedBasicEntity());
+  const int events = pCurrentSim->RunBatch(K_INTMAX);
+  std::printf("\n%d événements\n", events);
+  PrintSummary();
+  std::puts("FIN RUN");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   if (ParseMainArguments(argc, argv, 0) == 0) return 1;
-  InstallHerdClasses();
-  Assign_App_NewEntityFromStringFunction(NewHerdEntity);
-  Assign_App_NewEventFromStringFunction(NewHerdEvent);
-  pCurrentSim = new Simulation();
-  ParseParameterFile(argv[1]);
-  ParseSimulationFile(argv[2]);
-  ParseOutputSpecFile(argv[3]);
-  ParseStructureFile(argv[4]);
-  ParseDirectiveFile(argv[5]);
-
-  BasicEntity* farm = pCurrentSim->SimulatedBasicEntity();
-  PrintStructure(*farm);
-  InitChrono();
-  pCurrentSim->Run();
-
-  farm->DeleteInDepth();
-  delete pCurrentSim;
+  InstallHerd();
+  ReadParameters(argv[1]);
+  SetSeasonUp(argv + 1);
+  if (HasOption(argc, argv, "-EXPORT")) {
+    ExportHerdClasses();
+  } else if (HasOption(argc, argv, "-BATCH")) {
+    RunInBatch();
+  } else {
+    InitChrono();
+    pCurrentSim->Run();
+  }
+  DeleteAll();
   return 0;
 }

@@ -55,12 +55,6 @@ ContinuousProcess::~ContinuousProcess() {
   ++_nbDest;
 }
 
-void ContinuousProcess::DeleteInDepth() {
-  if (g_KV_TraceNewDelMode != 0) std::cout << "\n-Destruction profonde du processus continu " << this;
-  mMethods.DestroyMethods();
-  delete this;
-}
-
 void ContinuousProcess::TakeFlags(const ContinuousProcess& other) {
   HasPrecondition(other.HasPrecondition());
   HasPostponementDelay(other.HasPostponementDelay());

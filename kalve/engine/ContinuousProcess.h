@@ -20,7 +20,7 @@ class ContinuousProcess : public Process {
   const ContinuousProcess& operator=(const ContinuousProcess& other);
   /// Leaves the methods alone.
   ~ContinuousProcess();
-  /// Destroys the methods, then destroys and frees the process.
+  /// Destroys the methods, then destroys and frees the process as its true class. ProcessDispatch.cpp
   void DeleteInDepth();
 
   void SetInitialize(VoidBody body);

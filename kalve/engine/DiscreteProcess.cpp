@@ -41,18 +41,17 @@ DiscreteProcess::DiscreteProcess(const DiscreteProcess& other)
   TakeFlags(other);
 }
 
-DiscreteProcess* DiscreteProcess::RawCopy() {
-  auto* copy = new DiscreteProcess(true);
+/// What a raw copy takes.
+void DiscreteProcess::ShareWith(const DiscreteProcess& other) {
   ++_nbConst;
   if (g_KV_TraceNewDelMode != 0)
-    std::cout << "\n++raw copy construction de DP " << ClassName() << " " << copy << " <- " << this;
-  copy->TakeBinding(*this);
-  copy->mIsReadSDRec = mIsReadSDRec;
-  copy->mIsInitSDRec = mIsInitSDRec;
-  copy->AddInstance(ClassSymbol(), ClassName());
-  copy->mMethods.Share(mMethods, static_cast<Process*>(copy));
-  copy->TakeFlags(*this);
-  return copy;
+    std::cout << "\n++raw copy construction de DP " << other.ClassName() << " " << this << " <- " << &other;
+  TakeBinding(other);
+  mIsReadSDRec = other.mIsReadSDRec;
+  mIsInitSDRec = other.mIsInitSDRec;
+  AddInstance(other.ClassSymbol(), other.ClassName());
+  mMethods.Share(other.mMethods, static_cast<Process*>(this));
+  TakeFlags(other);
 }
 
 const DiscreteProcess& DiscreteProcess::operator=(const DiscreteProcess& other) {
@@ -75,12 +74,6 @@ const DiscreteProcess& DiscreteProcess::operator=(const DiscreteProcess& other) 
 DiscreteProcess::~DiscreteProcess() {
   if (g_KV_TraceNewDelMode != 0) std::cout << "\n-Destruction du processus ponctuel " << this;
   ++_nbDest;
-}
-
-void DiscreteProcess::DeleteInDepth() {
-  if (g_KV_TraceNewDelMode != 0) std::cout << "\n-Destruction profonde du processus ponctuel " << this;
-  mMethods.DestroyMethods();
-  delete this;
 }
 
 void DiscreteProcess::TakeMethodsOfItsOwn() {

@@ -13,14 +13,14 @@ class DiscreteProcess : public Process {
   DiscreteProcess(int classSymbol, const char* className);
   /// With copies of the methods.
   DiscreteProcess(const DiscreteProcess& other);
-  /// A copy that shares the methods, which describe it from now on; the caller owns it. This process may
-  /// then only be destroyed shallowly.
+  /// A copy of the true class that shares the methods, which describe it from now on; the caller owns it.
+  /// This process may then only be destroyed shallowly. ProcessDispatch.cpp
   DiscreteProcess* RawCopy();
   /// Takes all but number and instance name; assigns the methods rank by rank. Answers `other`.
   const DiscreteProcess& operator=(const DiscreteProcess& other);
   /// Leaves the methods alone.
   ~DiscreteProcess();
-  /// Destroys the methods, then destroys and frees the process.
+  /// Destroys the methods, then destroys and frees the process as its true class. ProcessDispatch.cpp
   void DeleteInDepth();
   static void* operator new(std::size_t size) { return pool.Take(size); }
   static void operator delete(void* block) { pool.Give(block); }
@@ -39,6 +39,7 @@ class DiscreteProcess : public Process {
   static int getNbDest() { return _nbDest; }
 
  private:
+  void ShareWith(const DiscreteProcess& other);
   void TakeFlags(const DiscreteProcess& other);
 
   int mIsReadSDRec = 0;

@@ -8,6 +8,7 @@
 // simulation finds what is left. Class names are kept as pointers.
 #pragma once
 
+#include <new>
 #include <string>
 
 #include "kalve/foundations/Enumerations.h"
@@ -29,6 +30,13 @@ class Process {
   Process& operator=(const Process&) = delete;
   /// Leaves the methods alone.
   ~Process();
+  /// Destroys the process as a Class and frees it; the allocation knows the size of what an application has
+  /// derived from it.
+  template <class Class>
+  static void Free(Class* process) {
+    process->~Class();
+    ::operator delete(static_cast<void*>(process));
+  }
 
   // Identity
   ProcessSubclassId Subclass() const { return mSubclass; }

@@ -1,7 +1,9 @@
 #include "kalve/engine/ProcessDispatch.h"
 
-#include "kalve/engine/ContinuousProcess.h"
-#include "kalve/engine/DiscreteProcess.h"
+#include <iostream>
+
+#include "kalve/engine/DataReading.h"
+#include "kalve/foundations/TraceSwitches.h"
 
 namespace {
 
@@ -9,10 +11,17 @@ namespace {
 template <class Act, class Result>
 Result AsTrueClass(Process* process, Act act, Result otherwise) {
   switch (process->Subclass()) {
-    case DISCRETE_PROCESS:
-      return act(static_cast<DiscreteProcess*>(process));
-    case CONTINUOUS_PROCESS:
-      return act(static_cast<ContinuousProcess*>(process));
+    case DISCRETE_PROCESS: {
+      auto* discrete = static_cast<DiscreteProcess*>(process);
+      if (discrete->IsReadSDRec() != 0) return act(static_cast<ReadFactualDataRecordProcess*>(discrete));
+      if (discrete->IsInitSDRec() != 0) return act(static_cast<InitFactualDataFileReadingProcess*>(discrete));
+      return act(discrete);
+    }
+    case CONTINUOUS_PROCESS: {
+      auto* continuous = static_cast<ContinuousProcess*>(process);
+      if (continuous->IsReadSDF() != 0) return act(static_cast<ReadSequentialDataFileProcess*>(continuous));
+      return act(continuous);
+    }
   }
   return otherwise;
 }
@@ -40,8 +49,38 @@ void DeleteProcessShallowly(Process* process) {
   AsTrueClass(
       process,
       [](auto* doomed) {
-        delete doomed;
+        Process::Free(doomed);
         return true;
       },
       false);
+}
+
+// Members of the bases that look at the marks.
+
+DiscreteProcess* DiscreteProcess::RawCopy() {
+  const auto copyOf = [this]<class Reader>(Reader* reader) {
+    auto* copy = new Reader(true);
+    copy->ShareWith(*this);
+    copy->TakePlaceOf(*reader);
+    return copy;
+  };
+  if (mIsReadSDRec != 0) return copyOf(static_cast<ReadFactualDataRecordProcess*>(this));
+  if (mIsInitSDRec != 0) return copyOf(static_cast<InitFactualDataFileReadingProcess*>(this));
+  auto* copy = new DiscreteProcess(true);
+  copy->ShareWith(*this);
+  return copy;
+}
+
+void DiscreteProcess::DeleteInDepth() {
+  if (mIsReadSDRec != 0 || mIsInitSDRec != 0) return DeleteProcessInDepth(this);
+  if (g_KV_TraceNewDelMode != 0) std::cout << "\n-Destruction profonde du processus ponctuel " << this;
+  mMethods.DestroyMethods();
+  Free(this);
+}
+
+void ContinuousProcess::DeleteInDepth() {
+  if (mIsReadSDF != 0) return DeleteProcessInDepth(this);
+  if (g_KV_TraceNewDelMode != 0) std::cout << "\n-Destruction profonde du processus continu " << this;
+  mMethods.DestroyMethods();
+  Free(this);
 }

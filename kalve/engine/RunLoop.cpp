@@ -1,4 +1,8 @@
 // The main loop: events are popped and applied one by one, and freed.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdlib>
 #include <ctime>
 #include <iostream>
 #include <memory>
@@ -27,6 +31,20 @@ void RestartChrono() {
   StartChrono();
 }
 
+/// While it lives, a read of standard input answers at once. The other flags are off meanwhile.
+class NonBlockingInput {
+ public:
+  NonBlockingInput() : mFlags(fcntl(STDIN_FILENO, F_GETFL)) { fcntl(STDIN_FILENO, F_SETFL, O_NONBLOCK); }
+  NonBlockingInput(const NonBlockingInput&) = delete;
+  NonBlockingInput& operator=(const NonBlockingInput&) = delete;
+  ~NonBlockingInput() {
+    if (mFlags != -1) fcntl(STDIN_FILENO, F_SETFL, mFlags);
+  }
+
+ private:
+  int mFlags;
+};
+
 }  // namespace
 
 void Simulation::Run() { Run(K_INTMAX); }
@@ -35,17 +53,31 @@ void Simulation::Run(int iterationLimit) {
   mIterationLimit = iterationLimit;
   std::cin.tie(nullptr);
   PrepareProgress();
+  if (!RunInDialogue()) std::exit(0);
+}
+
+/// False when the user interface wants the process to end.
+bool Simulation::RunInDialogue() {
+  const NonBlockingInput input;
   int iteration = 0;
   while (GoesOn(iteration)) {
+    const int result = InteractWithUser(iteration);
+    if (result == -1) return false;
+    if (result == 0) {
+      EndStopped();
+      return true;
+    }
     if (iteration == 0 && IsChronometerActive()) RestartChrono();
     RunCore(iteration);
     Kalve_millisleep(mSleepMilliseconds < 1 ? 1 : mSleepMilliseconds);
   }
-  EndNormally();
+  EndNormally(iteration);
+  return true;
 }
 
 int Simulation::RunBatch(int iterationLimit) {
   mIterationLimit = iterationLimit;
+  mMode = WAITING_MODE;  // of a run that was stopped: no dates are told
   int iteration = 0;
   while (GoesOn(iteration)) RunCore(iteration);
   return iteration;
@@ -66,13 +98,25 @@ bool Simulation::GoesOn(int iteration) const {
   return mToBeStopped == 0 && !mAgendaEvents.empty() && mClock <= mEndClock && mIterationLimit > iteration;
 }
 
-void Simulation::EndNormally() {
+/// Queries are still answered, until a word leaves the dialogue.
+void Simulation::EndNormally(int& iteration) {
   if (IsChronometerActive()) {
     PauseChrono();
     MilliPrintChrono();
     std::cout << "DUREE EXECUTION : " << gTimeString << std::endl;
   }
   std::cout << "FIN RUN" << std::endl;
+  mMode = WAITING_MODE;
+  InteractWithUser(iteration);
+}
+
+void Simulation::EndStopped() {
+  if (IsChronometerActive()) {
+    PauseChrono();
+    MilliPrintChrono();
+    std::cout << "\nDUREE EXECUTION " << gTimeString << "\n";
+  }
+  std::cout << "FIN RUN\n";
 }
 
 void Simulation::RunCore(int& iteration) {
@@ -89,6 +133,7 @@ void Simulation::RunCore(int& iteration) {
     return;
   }
   Clock(clock);
+  if (mMode == CONTINU) SendDateToIHM(iteration);
   mEventInHand = event;
   Event* result = event->ApplyConsequences();
   if (result == event && event->HasPostConsequence() != 0) {

@@ -81,7 +81,10 @@ class Simulation {
   /// Run(K_INTMAX).
   void Run();
   /// Pops and applies events until the agenda is empty, the clock is past the end clock, `iterationLimit`
-  /// events have been popped, or Stop was called. Waits at least a millisecond after each event.
+  /// events have been popped, Stop was called or the user interface stops it. Nothing happens before the
+  /// interface's first word; each event is followed by a wait of at least a millisecond; a last dialogue
+  /// follows a normal end. EXIT ends the process with status 0, except in the last dialogue. Standard input
+  /// is non-blocking meanwhile, and then as it was.
   void Run(int iterationLimit);
   /// The loop of Run without dialogue, wait or text: for designs of experiments and tests. Answers the
   /// number of events popped.
@@ -141,7 +144,12 @@ class Simulation {
   /// Non-zero when the user interface wants to hear of structure changes.
   int IsStructureUpdated() const { return mPermanentStructure; }
 
-  // Dialogue: StructureAnswers.cpp
+  // Dialogue: Dialogue.cpp; docs/dialogue.md tells all words.
+  /// Reads words and obeys them until one lets the next event pass, which is 1; 0 for STOP, -1 for EXIT.
+  int InteractWithUser(int& iteration);
+  /// Writes date, clock and, when an end is known, the percentage of the run that is done.
+  void SendDateToIHM(int iteration);
+  // StructureAnswers.cpp
   /// Writes the structure below the entity of that name, or below all free ones for "ROOT". With a depth of
   /// 0 nothing below the word itself is written, with any other depth its direct parts.
   void SendStringForWord(const char* word);
@@ -160,7 +168,20 @@ class Simulation {
   void DisposeOfGenerating(Event* event);
   bool GoesOn(int iteration) const;
   void PrepareProgress();
-  void EndNormally();
+  bool RunInDialogue();
+  void EndNormally(int& iteration);
+  static void EndStopped();
+  std::string NextCommand(int iteration);
+  bool IsPauseDue() const;
+  void Pause(int iteration);
+  bool ChangeMode();
+  void Answer();
+  void AnswerStructure(bool isOneLevel);
+  void AnswerAgenda();
+  void SubscribeToAgenda();
+  void EndSubscription();
+  void SendEvents() const;
+  void SendProgress(int done, int whole);
   void BeginAt(int day, int month, int year, int hour, int minute, int second);
 
   int mNumId;
@@ -186,15 +207,15 @@ class Simulation {
   BeforeInAgenda mBeforeInAgenda;
   int mIterationLimit = 0;
   std::unique_ptr<RNG> mRandomGenerator;
-  int mMode = 3;               // 0 event step, 1 user step, 2 continuous, 3 waiting
+  int mMode = WAITING_MODE;    // of DialogueMode
   int mSleepMilliseconds = 0;  // after each event
   int mUserStep = 10;          // in clock ticks
   int mLastPauseClock = 0;
-  int mProgressStep = 0;  // one hundredth of the run's extent
-  int mProgressThreshold = 0;
-  int mPermanentAgenda = 0;
+  int mProgressStep = 0;       // one hundredth of the run's extent
+  int mProgressThreshold = 0;  // a limited run tells its percentage behind this iteration
+  int mPermanentAgenda = 0;    // the agenda is sent at each pause
   int mPermanentAgendaSize = 0;
-  int mPermanentStructure = 0;
+  int mPermanentStructure = 0;  // changes of structure are told
 };
 
 /// The running simulation, null before the application assigns it.

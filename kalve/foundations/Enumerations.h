@@ -56,6 +56,10 @@ enum ProcessSubclassId : int { DISCRETE_PROCESS = 0, CONTINUOUS_PROCESS = 1 };
 /// Units of the simulated clock.
 enum TimeUnit : int { DAY = 0, HOUR = 1, MINUTE = 2, SECOND = 3 };
 
+/// How a run under dialogue goes on: with a pause before every event, with one when a step of the clock has
+/// passed, freely, or not until a word comes.
+enum DialogueMode : int { EVENTSTEP = 0, USERSTEP = 1, CONTINU = 2, WAITING_MODE = 3 };
+
 /// How a date is printed; the formats themselves stand in CoreSimTime.h.
 enum TimeType : int {
   CLOCK = 0,

@@ -158,6 +158,9 @@ class AgendaFences;
 class Process;
 class DiscreteProcess;
 class ContinuousProcess;
+class ReadSequentialDataFileProcess;
+class ReadFactualDataRecordProcess;
+class InitFactualDataFileReadingProcess;
 
 // Inputs.
 class File;

@@ -78,8 +78,8 @@ char* File::GetFileName() const {
 }
 
 void File::DisplayNames() const {
-  std::printf("\nFile '%x : '%s' '%s' '%s'", Address32(this), GetPhysicalPath(), GetSimpleName(),
-              GetFullName());
+  std::printf("\nFile '%x :\n\tpath       : %s\n\tsimpleName : %s\n\tfullName   : %s\n", Address32(this),
+              GetPhysicalPath(), GetSimpleName(), GetFullName());
 }
 
 void File::Display() const {

@@ -57,7 +57,8 @@ void SerialDataFile::Skip(int n) {
 }
 
 int SerialDataFile::CheckedCount(int count) {
-  if (count != -1 && count < mNbFields) BadFileRead(this);
+  const bool isReadingError = GetState() == 1 && std::ferror(GetPhysicalFile()) != 0;
+  if (isReadingError || (count != -1 && count < mNbFields)) BadFileRead(this);
   return count;
 }
 

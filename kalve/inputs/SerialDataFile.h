@@ -63,7 +63,7 @@ class SerialDataFile : public File {
 
  protected:
   /// What a reader function's answer means: -1, the end, and a count of fields that is enough are given back;
-  /// fewer are BadFileRead.
+  /// fewer are BadFileRead, and so is a stream that cannot be read, which the function takes for the end.
   int CheckedCount(int count);
   /// Field i of one of the file's tables, which must be of the type.
   UnifiedValue FieldValue(const Tableau<StructField*>& fields, int i, ValueTypeId type);

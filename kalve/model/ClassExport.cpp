@@ -24,8 +24,9 @@ namespace {
 using ClassRows = Tableau<Tableau<int>*>;
 
 std::string Headed(const char* name) {
-  std::string headed = OrEmpty(name);
-  FirstToUpper(headed.c_str(), headed.data());
+  const std::string text = OrEmpty(name);
+  std::string headed = text;
+  FirstToUpper(text.c_str(), headed.data());
   return headed;
 }
 

@@ -30,16 +30,18 @@ bool AreRelated(const char* className, const char* otherName) {
 }  // namespace
 
 void MultipleDescriptorOS::RegisterEntityOS(const char* className) {
+  OutputSpec* found = nullptr;
   for (OutputSpec* spec : EntityOutputSpec::mpInstanceList) {
     if (std::strcmp(spec->TargetClassName(), className) == 0) {
-      mEntityOutputSpec = static_cast<EntityOutputSpec*>(spec);
+      found = spec;
       break;
     }
     if (AreRelated(className, spec->TargetClassName()))
       OverSpecificationOnParentClass(className, spec->TargetClassName());
   }
-  if (mEntityOutputSpec == nullptr)
-    mEntityOutputSpec = new EntityOutputSpec(className, CLOCK, 0, 0, 0, nullptr, nullptr, nullptr);
+  mEntityOutputSpec = found != nullptr
+                          ? static_cast<EntityOutputSpec*>(found)
+                          : new EntityOutputSpec(className, CLOCK, 0, 0, 0, nullptr, nullptr, nullptr);
   mEntityOutputSpec->AddMultipleDescriptorOS(this);
 }
 

@@ -5,119 +5,131 @@
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/CoreException.h"
-#include "kalve/foundations/FailureReport.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/inputs/File.h"
 #include "kalve/inputs/ParserFunction.h"
 #include "kalve/model/ApplicationHooks.h"
+#include "kalve/model/CoreFunction.h"
 
 DirectiveFile::DirectiveFile(LexicalInputFile* file)
     : ParseState(NeedingSimulation(file), {&g_KV_TraceParsingD, NLd, TLd}) {}
 
+void DirectiveFile::BeginEvent(const Position& where, const std::string& className) {
+  event = EventDirective{.where = where, .className = className};
+}
+
+void DirectiveFile::MakeEvent() {
+  if (!event.occurrence) FaultInFile(event.where, "l'événement n'a pas de date (AT ou BETWEEN)");
+  mEvent = NewEvent();
+  mMade.clear();
+  GiveName();
+  GiveChances();
+  if (event.priority) mEvent->SetPriorityDegree(AnnouncedPriority(event.priority));
+  GiveSuccessor();
+  GiveDate();
+}
+
+void DirectiveFile::PostEvent() {
+  if (mEvent->LengthListProcessAction() == 0) {
+    AnnounceFault(event.where, "l'événement n'a pas de processus");
+    UnspecifiedProcess(mEvent);
+  }
+  if (pCurrentSim->InsertInAgendaEvents(mEvent) != 0) return;
+  ReportWarning("\n!!! %s, ligne %d : l'événement '%s' n'est pas entré dans l'agenda.",
+                event.where.origin->file->GetFullName(), event.where.line, mEvent->InstanceName());
+  mEvent->DeleteInDepth();
+  for (const MadeProcess& made : mMade) DeleteProcess(made.process);
+}
+
 // Parts of an event ------------------------------------------------------------------------------------
 
-template <class Value>
-void DirectiveFile::Set(Optional<Value>& part, const Position& where, const Value& value, const char* word) {
-  if (part) FaultInFile(where, Text("%s est donné deux fois pour l'événement", word));
-  part = {where, value};
-}
-
-void DirectiveFile::BeginEvent(const Position& where, const std::string& className) {
-  mEvent = EventDirective{};
-  mEvent.where = where;
-  mEvent.className = className;
-}
-
-void DirectiveFile::SetMoment(const Position& where, const Moment& moment) {
-  Set(mEvent.from, where, moment, "la date");
-}
-
-void DirectiveFile::SetBounds(const Position& where, const Moment& low, const Moment& high) {
-  Set(mEvent.from, where, low, "la date");
-  Set(mEvent.to, where, high, "la date");
-}
-
-void DirectiveFile::SetPriority(const Position& where, int priority) {
-  Set(mEvent.priority, where, priority, "PRIORITY");
-}
-
-void DirectiveFile::SetProbability(const Position& where, double probability) {
-  Set(mEvent.probability, where, probability, "PROBABILITY");
-}
-
-void DirectiveFile::SetPercent(const Position& where, int percent) {
-  Set(mEvent.percent, where, percent, "PERCENT");
-}
-
-void DirectiveFile::SetName(const Position& where, const std::string& name) {
-  Set(mEvent.name, where, name, "NAME");
-}
-
-// The whole event --------------------------------------------------------------------------------------
-
-void DirectiveFile::EndEvent() {
-  if (!mEvent.from) FaultInFile(mEvent.where, "l'événement n'a pas de date (AT ou BETWEEN)");
-  Event* event = NewEvent();
-  GiveName(event);
-  GiveProbability(event);
-  const int clock = DrawnClock(event);
-  if (pCurrentSim->InsertInAgendaEvents(event, CheckedPriority(event), clock) != 0) return;
-  ReportWarning("\n!!! %s, ligne %d : l'événement '%s' n'est pas entré dans l'agenda.",
-                mEvent.where.origin->file->GetFullName(), mEvent.where.line, event->InstanceName());
-  event->DeleteInDepth();
-}
-
 Event* DirectiveFile::NewEvent() const {
-  const char* className = Interned(mEvent.className);
-  Event* event = K_NewEventFromString(className);
-  if (event == nullptr && pApp_NewEventFromString != nullptr) event = pApp_NewEventFromString(className);
-  if (event != nullptr) return event;
-  AnnounceFault(mEvent.where, "classe d'événement inconnue : " + Quoted(mEvent.className));
+  const char* className = Interned(event.className);
+  Event* made = K_NewEventFromString(className);
+  if (made == nullptr && pApp_NewEventFromString != nullptr) made = pApp_NewEventFromString(className);
+  if (made != nullptr) return made;
+  AnnounceFault(event.where, "classe d'événement inconnue : " + Quoted(event.className));
   UnknownClassName("K_NewEventFromString", className);
 }
 
 /// A plain event takes the name as its class name too, so that an application without classes of events can
 /// tell its events apart.
-void DirectiveFile::GiveName(Event* event) const {
-  if (!mEvent.name) return;
-  const std::string& name = mEvent.name->value;
-  if (mEvent.className == "event") event->ClassName(Interned(name));
-  event->SetInstanceName(name.c_str());
+void DirectiveFile::GiveName() const {
+  if (!event.name) return;
+  if (event.className == "event") mEvent->ClassName(Interned(*event.name));
+  mEvent->SetInstanceName(event.name->c_str());
 }
 
-void DirectiveFile::GiveProbability(Event* event) const {
-  if (mEvent.probability && mEvent.percent)
-    FaultInFile(mEvent.percent->where, "PROBABILITY et PERCENT sont donnés pour le même événement");
-  if (mEvent.probability) {
-    const double probability = mEvent.probability->value;
-    if (!(probability >= 0.0 && probability <= 1.0)) {
-      AnnounceFault(mEvent.probability->where, "PROBABILITY demande un nombre de 0 à 1");
-      UnexpectedProbability(event, static_cast<float>(probability));  // which may round to one in bounds
+short DirectiveFile::AnnouncedPriority(const Part<int>& priority) {
+  if (*priority < 0 || *priority > 99)
+    AnnounceFault(priority.Where(), "PRIORITY demande un entier de 0 à 99");
+  return static_cast<short>(std::clamp(*priority, -32768, 32767));
+}
+
+namespace {
+
+/// The one of the two that is given, to a setter that takes both.
+template <class Setter>
+void GiveChance(Event* event, const Part<double>& probability, const Part<int>& percent, Setter set) {
+  if (probability && percent)
+    FaultInFile(percent.Where(),
+                Text("%s et %s sont donnés pour le même événement", probability.Word(), percent.Word()));
+  if (probability) {
+    const auto chance = static_cast<float>(*probability);
+    if (!(*probability >= 0.0 && *probability <= 1.0)) {
+      AnnounceFault(probability.Where(), Text("%s demande un nombre de 0 à 1", probability.Word()));
+      UnexpectedProbability(event, chance);  // which may have been rounded to a good one
     }
-    event->SetOccurrenceProbability(static_cast<float>(probability));
+    set(chance);
   }
-  if (mEvent.percent) {
-    const int percent = mEvent.percent->value;
-    if (percent < 0 || percent > 100)
-      AnnounceFault(mEvent.percent->where, "PERCENT demande un entier de 0 à 100");
-    event->SetOccurrenceProbability(percent);
+  if (percent) {
+    if (*percent < 0 || *percent > 100)
+      AnnounceFault(percent.Where(), Text("%s demande un entier de 0 à 100", percent.Word()));
+    set(*percent);
   }
 }
 
-int DirectiveFile::DrawnClock(Event* event) const {
-  const int low = ClockOf(mEvent.from->value);
-  if (!mEvent.to) return low;
-  const int high = ClockOf(mEvent.to->value);
-  if (high < low) FaultInFile(mEvent.to->where, "la seconde date de BETWEEN est antérieure à la première");
-  event->SetMinOccurrenceClockTime(low);
-  event->SetMaxOccurrenceClockTime(high);  // draws
-  return event->OccurrenceClockTime();
+}  // namespace
+
+void DirectiveFile::GiveChances() const {
+  GiveChance(mEvent, event.probability, event.percent,
+             [this](auto chance) { mEvent->SetOccurrenceProbability(chance); });
+  GiveChance(mEvent, event.nextProbability, event.nextPercent,
+             [this](auto chance) { mEvent->SetNextEventOccurrenceProbability(chance); });
 }
 
-int DirectiveFile::CheckedPriority(Event* event) const {
-  if (!mEvent.priority) return event->PriorityDegree();
-  const int priority = mEvent.priority->value;
-  if (priority >= 0 && priority <= 99) return priority;
-  AnnounceFault(mEvent.priority->where, "PRIORITY demande un entier de 0 à 99");
-  UnexpectedPriorityDegree(event, static_cast<short>(std::clamp(priority, -32768, 32767)));
+void DirectiveFile::GiveSuccessor() const {
+  if (event.next) mEvent->SetNextEventClassName(event.next->c_str());
+  if (!event.every) return;
+  const int shortest = TicksOf(event.every->shortest, "EVERY");
+  const int longest = TicksOf(event.every->longest, "EVERY");
+  if (longest < shortest)
+    FaultInFile(event.every->longest.where, "le second délai de EVERY est inférieur au premier");
+  mEvent->IsAutoGenerate(1);
+  mEvent->SetMinDelayNextEvent(shortest);
+  mEvent->SetMaxDelayNextEvent(longest);
+}
+
+/// The clocks are checked before the event takes the date in its own way.
+void DirectiveFile::GiveDate() const {
+  const Moment& from = event.occurrence->from;
+  const int low = ClockOf(from);
+  if (!event.occurrence->to) return SetDate(from);
+  const int high = ClockOf(*event.occurrence->to);
+  if (high < low)
+    FaultInFile(event.occurrence->to->where, "la seconde date de BETWEEN est antérieure à la première");
+  mEvent->SetMinOccurrenceClockTime(low);
+  mEvent->SetMaxOccurrenceClockTime(high);  // draws
+}
+
+void DirectiveFile::SetDate(const Moment& moment) const {
+  const Date& date = moment.date;
+  switch (moment.kind) {
+    case Moment::Kind::clock:
+      return mEvent->SetOccurrenceClockTime(moment.clock);
+    case Moment::Kind::today:
+      return mEvent->SetThisDayOccurrenceDate(date.hour, date.minute, date.second);
+    case Moment::Kind::date:
+      return mEvent->SetOccurrenceDate(date.day, date.month, date.year, date.hour, date.minute, date.second);
+  }
 }

@@ -1,56 +1,70 @@
 // The directive file: each directive takes effect when it has been read.
+//
+// The grammar fills the parts of `event` and `process`, then has the event or the process made. A process
+// that a block names again is the one that the block has made.
 #pragma once
 
-#include <optional>
 #include <string>
+#include <vector>
 
-#include "kalve/parsers/Moments.h"
+#include "kalve/foundations/Enumerations.h"
+#include "kalve/parsers/DirectiveParts.h"
 #include "kalve/parsers/ParseState.h"
+
+class DataFileNames;
 
 class DirectiveFile : public ParseState {
  public:
   /// SimulationNotYetCreated without pCurrentSim.
   explicit DirectiveFile(LexicalInputFile* file);
 
-  // One event, its parts in any order; a part may stand once.
+  // Events
+  EventDirective event;
   void BeginEvent(const Position& where, const std::string& className);
-  void SetMoment(const Position& where, const Moment& moment);
-  /// The date is drawn between the two.
-  void SetBounds(const Position& where, const Moment& low, const Moment& high);
-  void SetPriority(const Position& where, int priority);
-  void SetProbability(const Position& where, double probability);
-  void SetPercent(const Position& where, int percent);
-  void SetName(const Position& where, const std::string& name);
-  /// Makes the event and hands it to the agenda, which may refuse it.
-  void EndEvent();
+  /// Its parts have been read, its couples follow.
+  void MakeEvent();
+  /// Hands the event to the agenda; a refused one is freed, with the processes that its block has made.
+  void PostEvent();
+
+  // Processes: DirectiveProcesses.cpp
+  ProcessDirective process;
+  void BeginProcess(const Position& where, const std::string& className);
+  /// The parts have been read: the process of the couples that follow is made, or found in the block.
+  void TakeProcess();
+  /// A living continuous process, by instance name or else by class name, is the one of the couples.
+  void TakeLivingProcess(const Position& where, const std::string& name);
+  void AddCouple(const Position& where, ActionType action);
+  /// A process that reads a data file has been read: posts what starts it.
+  void PostReading();
 
  private:
-  template <class Value>
-  struct Part {
-    Position where;
-    Value value;
-  };
-  template <class Value>
-  using Optional = std::optional<Part<Value>>;
-
-  struct EventDirective {
-    Position where;
+  /// A process that the block of the event has made.
+  struct MadeProcess {
     std::string className;
-    Optional<Moment> from;
-    Optional<Moment> to;
-    Optional<int> priority;
-    Optional<double> probability;
-    Optional<int> percent;
-    Optional<std::string> name;
+    std::string name;
+    Process* process;
+    bool isBound;
   };
 
-  template <class Value>
-  void Set(Optional<Value>& part, const Position& where, const Value& value, const char* word);
   Event* NewEvent() const;
-  void GiveName(Event* event) const;
-  void GiveProbability(Event* event) const;
-  int DrawnClock(Event* event) const;
-  int CheckedPriority(Event* event) const;
+  void GiveName() const;
+  void GiveChances() const;
+  void GiveSuccessor() const;
+  void GiveDate() const;
+  void SetDate(const Moment& moment) const;
 
-  EventDirective mEvent;
+  Process* NewProcess() const;
+  MadeProcess* FindMade();
+  void Bind(Process* process) const;
+  void GiveDurations(Process* process) const;
+  int FileSymbol() const;
+  void NameFile(DataFileNames& reader) const;
+  int PostFirstReading(Process* process, int clock) const;
+
+  /// One out of range is announced, for the failure that follows.
+  static short AnnouncedPriority(const Part<int>& priority);
+
+  Event* mEvent = nullptr;
+  Process* mProcess = nullptr;
+  std::vector<MadeProcess> mMade;
 };

@@ -13,6 +13,7 @@ struct Origin {
   LexicalInputFile* file = nullptr;
   const Origin* from = nullptr;  ///< null for the first file
   int fromLine = 0;              ///< line of the inclusion
+  bool isUtf8 = false;           ///< its lexemes were converted from it
   FaultEnding ending = nullptr;
 };
 

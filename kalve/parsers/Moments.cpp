@@ -30,14 +30,19 @@ int MonthNumber(const std::string& month) {
   return name != nullptr && month == name ? number : 0;
 }
 
-long SecondsPerTick() {
+long SecondsOf(TimeUnit unit) {
   constexpr long seconds[] = {86400, 3600, 60, 1};
-  return seconds[pCurrentSim->ClockTimeUnit()] * pCurrentSim->ClockTimeUnitQuantity();
+  return seconds[unit];
 }
 
-void CheckHasClockUnit(const Position& where) {
+long SecondsPerTick() {
+  return SecondsOf(pCurrentSim->ClockTimeUnit()) * pCurrentSim->ClockTimeUnitQuantity();
+}
+
+void CheckHasClockUnit(const Position& where, const char* asking = "une date") {
   if (pCurrentSim->ClockTimeUnitQuantity() < 1 || TimeUnitToChar(pCurrentSim->ClockTimeUnit()) == nullptr)
-    FaultInFile(where, "une date demande une unité d'horloge (CLOCK dans le fichier de la simulation)");
+    FaultInFile(where,
+                Text("%s demande une unité d'horloge (CLOCK dans le fichier de la simulation)", asking));
 }
 
 Date Today(const Date& time) {
@@ -110,4 +115,18 @@ int ClockOf(const Moment& moment) {
     if (!fault.empty()) FaultInFile(moment.where, fault);
   }
   return ClockOfDate(moment.where, date);
+}
+
+int TicksOf(const Duration& duration, const char* word) {
+  if (duration.number < 1) FaultInFile(duration.where, Text("%s demande une durée d'au moins 1", word));
+  if (!duration.unit) return duration.number;
+  CheckHasClockUnit(duration.where, "une durée en unités de temps");
+  const long seconds = duration.number * SecondsOf(*duration.unit);
+  if (seconds % SecondsPerTick() != 0)
+    FaultInFile(duration.where, Text("%s %d %s : l'unité d'horloge est %d %s", word, duration.number,
+                                     TimeUnitToChar(*duration.unit), pCurrentSim->ClockTimeUnitQuantity(),
+                                     TimeUnitToChar(pCurrentSim->ClockTimeUnit())));
+  if (seconds / SecondsPerTick() > K_INTMAX)
+    FaultInFile(duration.where, Text("%s demande une durée moindre", word));
+  return TimeIntervalToClockNumber(seconds);
 }

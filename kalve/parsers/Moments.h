@@ -22,6 +22,13 @@ struct Moment {
   Position where = {};
 };
 
+/// A number of ticks of the clock or, with a unit, of units.
+struct Duration {
+  int number = 0;
+  std::optional<TimeUnit> unit = {};
+  Position where = {};
+};
+
 /// Years of two digits are of this century.
 inline int FullYear(int written) { return written <= 99 ? written + 2000 : written; }
 
@@ -42,3 +49,6 @@ TimeUnit CheckedUnit(const Position& where, const std::string& unit);
 int ClockOfDate(const Position& where, const Date& date);
 /// Clock of any moment, under the same conditions.
 int ClockOf(const Moment& moment);
+/// Ticks of a duration of at least 1, which must be whole; `word` introduces it in the file. A unit asks the
+/// simulation for a clock unit.
+int TicksOf(const Duration& duration, const char* word);

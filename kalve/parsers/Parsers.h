@@ -6,12 +6,13 @@
 #include "kalve/foundations/Forward.h"
 
 /// Simulation parameters: clock unit, dates, directories of pCurrentSim (SimulationNotYetCreated without
-/// one).
+/// one); data files.
 void Simu_Parser(LexicalInputFile* file);
 /// System parameters, each made as soon as it is read (BadDateParameterValue for a date that does not exist).
 void Param_Parser(LexicalInputFile* file);
 /// Entities with their links, values and bodies (SimulationNotYetCreated without pCurrentSim).
 void Structure_Parser(LexicalInputFile* file);
+/// What a run keeps of entities, events and processes; to be read before any of them is made.
 void OutputSpec_Parser(LexicalInputFile* file);
 /// Directives: events for the agenda of pCurrentSim (SimulationNotYetCreated without one).
 void Directive_Parser(LexicalInputFile* file);

@@ -88,7 +88,7 @@ Lexeme Scanner::Read() {
   lexeme.where.origin = &mCurrent->origin;
   if (lexeme.kind == Lexeme::Kind::fault) SyntaxFault(lexeme.where, Quoted(lexeme.text), lexeme.expected);
   // Names of files are the system's own bytes: those of the file that names them.
-  if (lexeme.kind == Lexeme::Kind::path && mCurrent->isUtf8) lexeme.text = Latin1ToUtf8(lexeme.text);
+  if (lexeme.kind == Lexeme::Kind::path && mCurrent->origin.isUtf8) lexeme.text = Latin1ToUtf8(lexeme.text);
   return lexeme;
 }
 
@@ -120,12 +120,15 @@ void Scanner::Include(const Position& where) {
 
   auto source = std::make_unique<Source>();
   source->included = std::make_unique<LexicalInputFile>();
-  source->origin = {source->included.get(), where.origin, where.line, where.origin->ending};
+  source->origin = {.file = source->included.get(),
+                    .from = where.origin,
+                    .fromLine = where.line,
+                    .ending = where.origin->ending};
   source->from = mCurrent;
   pTmpFile = source->origin.file;
   pTmpFile->SetFileFrom(pCurrentFile);
   const std::string path =
-      PathFrom(pCurrentFile->GetFullName(), mCurrent->isUtf8 ? Latin1ToUtf8(name.text) : name.text);
+      PathFrom(pCurrentFile->GetFullName(), mCurrent->origin.isUtf8 ? Latin1ToUtf8(name.text) : name.text);
   pTmpFile->AssignFullName(path.c_str());
   int depth = 0;
   for (const Source* from = mCurrent; from != nullptr; from = from->from) ++depth;
@@ -163,8 +166,8 @@ void Scanner::Enter(std::unique_ptr<Source> source) {
   source->device = status.st_dev;
   source->node = status.st_ino;
   const std::string bytes = Contents(source->origin);
-  source->isUtf8 = IsUtf8BeyondAscii(bytes);
-  source->reader = std::make_unique<LexemeReader>(source->isUtf8 ? Utf8ToLatin1(bytes) : bytes);
+  source->origin.isUtf8 = IsUtf8BeyondAscii(bytes);
+  source->reader = std::make_unique<LexemeReader>(source->origin.isUtf8 ? Utf8ToLatin1(bytes) : bytes);
   mCurrent = source.get();
   mSources.push_back(std::move(source));
   pFatherFile = pCurrentFile;

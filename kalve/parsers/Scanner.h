@@ -37,7 +37,6 @@ class Scanner {
     std::unique_ptr<LexemeReader> reader;
     Source* from = nullptr;
     std::vector<int> braces;  ///< lines of those that are open
-    bool isUtf8 = false;
     dev_t device = 0;
     ino_t node = 0;
   };

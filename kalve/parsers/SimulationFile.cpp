@@ -23,6 +23,14 @@ void SimulationFile::SetEndClock(const Position& where, int clock) {
   mEnd = {Moment::Kind::clock, clock, Date(0, 0, 0, 0, 0, 0), where};
 }
 
+void SimulationFile::BeginDataFile(const DataFileDeclaration& declaration) {
+  for (const DataFileDeclaration& declared : mDataFiles)
+    if (declared.IsOf(declaration))
+      FaultInFile(declaration.Where(), Text("le fichier de données %s est déjà déclaré à la ligne %d",
+                                            declared.ShownClass().c_str(), declared.Where().line));
+  mDataFiles.push_back(declaration);
+}
+
 void SimulationFile::Apply() const {
   if (mUnit) {
     pCurrentSim->ClockTimeUnitQuantity(mUnit->quantity);
@@ -32,6 +40,7 @@ void SimulationFile::Apply() const {
   if (mEnd) ApplyEnd();
   if (mInDir) pCurrentSim->SetInDir(mInDir->c_str());
   if (mOutDir) pCurrentSim->SetOutDir(mOutDir->c_str());
+  for (const DataFileDeclaration& dataFile : mDataFiles) dataFile.Apply();
 }
 
 void SimulationFile::ApplyBeginning() const {

@@ -1,9 +1,12 @@
-// The simulation file: its settings are collected, then given to pCurrentSim in one fixed order.
+// The simulation file: its settings are collected, then given to pCurrentSim in one fixed order; its data
+// files come last, as they need the directories.
 #pragma once
 
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "kalve/parsers/DataFileDeclaration.h"
 #include "kalve/parsers/Moments.h"
 #include "kalve/parsers/ParseState.h"
 
@@ -22,7 +25,12 @@ class SimulationFile : public ParseState {
   void SetInDir(const std::string& path) { mInDir = path; }
   void SetOutDir(const std::string& path) { mOutDir = path; }
 
-  /// Unit, beginning, end, directories.
+  /// What is said of the data file until the next one begins. A file that has been declared before is a
+  /// fault.
+  void BeginDataFile(const DataFileDeclaration& declaration);
+  DataFileDeclaration& DataFileInHand() { return mDataFiles.back(); }
+
+  /// Unit, beginning, end, directories, data files.
   void Apply() const;
 
  private:
@@ -38,4 +46,5 @@ class SimulationFile : public ParseState {
   std::optional<Moment> mEnd;
   std::optional<std::string> mInDir;
   std::optional<std::string> mOutDir;
+  std::vector<DataFileDeclaration> mDataFiles;
 };

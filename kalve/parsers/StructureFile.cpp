@@ -4,14 +4,17 @@
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/FailureReport.h"
 #include "kalve/foundations/TraceSwitches.h"
-#include "kalve/inputs/Parameter.h"
 #include "kalve/inputs/ParserFunction.h"
 #include "kalve/model/CoreFunction.h"
 #include "kalve/model/Entity.h"
+#include "kalve/parsers/Selections.h"
 
 namespace {
 
 using Action = ExternEntityIteratedActionSpec;
+
+/// Loops run and die by recursion.
+constexpr int deepestLoop = 100;
 
 const char* WordOf(int kind) {
   switch (kind) {
@@ -110,6 +113,7 @@ void StructureFile::Assign(const Position& where, const std::string& descriptor,
   affectation->mDoubleValue = value.real;
   affectation->SetStringValue(value.text.c_str());
   affectation->mEntityClassName = Interned(value.text);
+  affectation->mEntitySpec = value.selection;
   Take(affectation, {where, "descripteur " + Quoted(descriptor), {}});
 }
 
@@ -145,37 +149,9 @@ void StructureFile::AssignBody(const Position& where, const std::string& method,
   Take(affectation, {where, "BODY " + Quoted(method), {}});
 }
 
-namespace {
-
-std::string ParameterText(const std::string& className, const std::string& name) {
-  return "PARAM " + Quoted(className) + " " + Quoted(name);
-}
-
-}  // namespace
-
-GivenValue StructureFile::ParameterValue(const Position& where, const std::string& className,
-                                         const std::string& name) const {
-  const Parameter* parameter = nullptr;
-  {
-    const FailureContext context([&] { AnnounceFault(where, ParameterText(className, name)); });
-    parameter = GetParameter(className.c_str(), name.c_str());
-  }
-  switch (parameter->ValueType()) {
-    case INT:
-      return {.type = INT, .low = static_cast<const class IntParameter*>(parameter)->GetIntValue()};
-    case DOUBLE:
-      return {.type = DOUBLE, .real = static_cast<const RealParameter*>(parameter)->GetRealValue()};
-    case STRING:
-      return {.type = STRING, .text = static_cast<const StringParameter*>(parameter)->GetStringValue()};
-    default:
-      FaultInFile(where, ParameterText(className, name) + " : une date n'est pas une valeur de descripteur");
-  }
-}
-
-int StructureFile::IntParameter(const Position& where, const std::string& className,
-                                const std::string& name) const {
-  const FailureContext context([&] { AnnounceFault(where, ParameterText(className, name)); });
-  return GetIntParameterValue(className.c_str(), name.c_str());
+void StructureFile::TakeSelection(const Position& where) {
+  CheckNotInLoop(where, "SPEC");
+  ReadSelection(*this);
 }
 
 // Checks -----------------------------------------------------------------------------------------------
@@ -208,6 +184,7 @@ void StructureFile::CheckNoSign(const InstanceNaming& naming) const {
 
 void StructureFile::BeginLoop(const Position& where, const std::string& iterator, int first, int last) {
   const int depth = static_cast<int>(mLoops.size());
+  if (depth == deepestLoop) FaultInFile(where, Text("plus de %d boucles FOR imbriquées", deepestLoop));
   auto loop = std::make_unique<ExternEntityIterationSpec>(depth + 1, depth, first, last);
   ExternEntityIterationSpec* actions = loop.get();
   if (depth == 0)

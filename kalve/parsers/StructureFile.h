@@ -11,6 +11,7 @@
 #include "kalve/foundations/Liste.h"
 #include "kalve/foundations/Tableau.h"
 #include "kalve/inputs/ParserSpec.h"
+#include "kalve/parsers/GivenValues.h"
 #include "kalve/parsers/ParseState.h"
 
 /// Instance name of an entity to be made; with an iterator, its value follows the text.
@@ -18,16 +19,6 @@ struct InstanceNaming {
   Position where = {};
   std::string text = {};
   std::string iterator = {};
-};
-
-/// A value for a descriptor, as the file writes it.
-struct GivenValue {
-  ValueTypeId type = VOID;
-  int low = 0;  ///< an int too
-  int high = 0;
-  double real = 0.0;
-  std::string text = {};      ///< class of an entity too
-  std::string iterator = {};  ///< "" for a value that does not change
 };
 
 class StructureFile : public ParseState {
@@ -52,11 +43,9 @@ class StructureFile : public ParseState {
   void AddValue(const Position& where, const std::string& descriptor, GivenValue value);
   /// `body` names a predicate that the application has registered, TRUE or FALSE.
   void AssignBody(const Position& where, const std::string& method, const std::string& body);
-  /// InexistantParameter; a date is a fault.
-  GivenValue ParameterValue(const Position& where, const std::string& className,
-                            const std::string& name) const;
-  /// InexistantTypedParameter.
-  int IntParameter(const Position& where, const std::string& className, const std::string& name) const;
+
+  /// What stands behind SPEC, which does not stand in loops.
+  void TakeSelection(const Position& where);
 
   // Loops; the outermost one runs at its EndLoop.
   void BeginLoop(const Position& where, const std::string& iterator, int first, int last);

@@ -1,6 +1,7 @@
 // The main loop: what is popped, when it ends, what it prints.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
 #include <string>
 
@@ -42,18 +43,26 @@ class RunTest : public testing::Test {
     if (simulation.InsertInAgendaEvents(event, 10, clock) == 0) event->DeleteInDepth();
   }
 
+  /// Each word lets one event pass, and the last one ends the last dialogue.
+  static std::string Words(int number) {
+    std::string words;
+    for (; number > 0; --number) words += "go ";
+    return words;
+  }
+
   Simulation simulation;
 };
 
 TEST_F(RunTest, EndsOnAnEmptyAgendaWithItsLastWord) {
   Post("b", 20);
   Post("a", 10);
-  EXPECT_EQ(OutputOf([&] { simulation.Run(); }), "FIN RUN\n");
-  EXPECT_EQ(OutputOf([&] {
-              simulation.Run();
-              std::printf("%d %d %d", simulation.Clock(), simulation.GetIterationCounter(),
-                          simulation.AgendaEventSize());
-            }),
+  EXPECT_EQ(OutputOf(
+                [&] {
+                  simulation.Run();
+                  std::printf("%d %d %d", simulation.Clock(), simulation.GetIterationCounter(),
+                              simulation.AgendaEventSize());
+                },
+                Words(3)),
             "FIN RUN\n20 2 0");
 }
 
@@ -62,21 +71,45 @@ TEST_F(RunTest, AnEventAtTheEndClockIsAppliedAndOneBehindItRefused) {
   Post("last", 30);
   Post("late", 31);
   EXPECT_EQ(simulation.AgendaEventSize(), 1);
-  OutputOf([&] {
-    simulation.Run();
-    EXPECT_EQ(simulation.Clock(), 30);
-  });
+  EXPECT_EQ(simulation.RunBatch(K_INTMAX), 1);
+  EXPECT_EQ(simulation.Clock(), 30);
 }
 
 TEST_F(RunTest, StopsAtItsIterationLimitAndGoesOnFromThere) {
   for (int clock = 1; clock <= 8; ++clock) Post("e", clock);
-  EXPECT_EQ(OutputOf([&] {
-              simulation.Run(5);
-              std::printf("%d ", simulation.AgendaEventSize());
-              simulation.Run(2);
-              std::printf("%d %d", simulation.AgendaEventSize(), simulation.Clock());
-            }),
+  EXPECT_EQ(OutputOf(
+                [&] {
+                  simulation.Run(5);
+                  std::printf("%d ", simulation.AgendaEventSize());
+                  simulation.Run(2);
+                  std::printf("%d %d", simulation.AgendaEventSize(), simulation.Clock());
+                },
+                Words(6 + 3)),
             "FIN RUN\n3 FIN RUN\n1 7");
+}
+
+TEST_F(RunTest, ALimitedRunTellsItsPercentageOncePerHundredth) {
+  for (int clock = 1; clock <= 350; ++clock) Post("e", clock);
+  simulation.ClockTimeUnit(DAY);
+  simulation.ClockTimeUnitQuantity(1);
+  const std::string output = OutputOf([&] { simulation.Run(300); }, "EXEC CONTINU 0 " + Words(300));
+  EXPECT_NE(output.find(" UT 3}\n\nUPDATE DATE {"), std::string::npos);
+  for (const char* told : {" UT 4 | 1%}\n", " UT 7 | 2%}\n", " UT 298 | 99%}\n"})
+    EXPECT_NE(output.find(told), std::string::npos) << told << output;
+  EXPECT_EQ(std::ranges::count(output, '%'), 99);
+}
+
+TEST_F(RunTest, ABatchTellsNothingEvenBehindAStoppedRun) {
+  for (int clock = 1; clock <= 3; ++clock) Post("e", clock);
+  simulation.ClockTimeUnit(DAY);
+  simulation.ClockTimeUnitQuantity(1);
+  const std::string output = OutputOf(
+      [&] {
+        simulation.Run();
+        std::printf("%d", simulation.RunBatch(2));
+      },
+      "EXEC CONTINU 0 STOP ");
+  EXPECT_TRUE(output.ends_with("UT 1}\nFIN RUN\n2")) << output;
 }
 
 TEST_F(RunTest, AnEventBehindTheEndClockStopsTheRunUnappliedAndUnfreed) {
@@ -97,7 +130,7 @@ TEST_F(RunTest, TracesTheAgendaWhileThePreviousClockIsInTheRange) {
   for (int clock : {5, 6, 7}) Post("e", clock);
   g_KV_actionLog_begClock = 5;
   g_KV_actionLog_endClock = 5;
-  const std::string output = OutputOf([&] { simulation.Run(); });
+  const std::string output = OutputOf([&] { simulation.Run(); }, Words(4));
   g_KV_actionLog_begClock = 0;
   g_KV_actionLog_endClock = -1;
   EXPECT_EQ(Masked(output),
@@ -112,11 +145,13 @@ TEST_F(RunTest, TracesTheAgendaWhileThePreviousClockIsInTheRange) {
 
 TEST_F(RunTest, AnActiveChronometerSaysHowLongTheRunTook) {
   Post("e", 1);
-  const std::string output = OutputOf([&] {
-    InitChrono();
-    StartChrono();
-    simulation.Run();
-  });
+  const std::string output = OutputOf(
+      [&] {
+        InitChrono();
+        StartChrono();
+        simulation.Run();
+      },
+      Words(2));
   EXPECT_EQ(Masked(output), "DUREE EXECUTION : #''#\nFIN RUN\n");
   EXPECT_EQ(output.size(), std::string("DUREE EXECUTION : 0''000\nFIN RUN\n").size());
 }

@@ -5,6 +5,8 @@
 #include <memory>
 
 #include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/FailureReport.h"
+#include "kalve/foundations/Records.h"
 #include "kalve/inputs/File.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/TemporaryFolder.h"
@@ -112,6 +114,9 @@ TEST(File, FailsInWords) {
 TEST(File, ShowsItself) {
   File file(4, READ_ACCESS, OM_APPEND);
   file.AssignFullName("prices.txt");
+  EXPECT_EQ(
+      OutputOf([&] { file.DisplayNames(); }),
+      Text("\nFile '%x :\n\tpath       : \n\tsimpleName : \n\tfullName   : prices.txt\n", Address32(&file)));
   EXPECT_EQ(OutputOf([&] { file.Display(); }),
             "\n   -------------------------------\n  .Nom fichier  : prices.txt\n  .Mode ouvert. : lecture"
             "\n  .Etat fichier : fermé\n   -------------------------------");

@@ -13,6 +13,7 @@
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/inputs/File.h"
 #include "kalve/inputs/ParserFunction.h"
+#include "kalve/inputs/SequentialDataFile.h"
 #include "kalve/model/ApplicationHooks.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/TemporaryFolder.h"
@@ -82,11 +83,17 @@ TEST(CommandLine, IsPrinted) {
 }
 
 TEST(CommandLine, ReadsTheDesignInTheMiddleOfTheScan) {
-  EXPECT_EQ(FailureOf([] {
-              Parse({"p", "s", "o", "t", "d", "-EXPE", "/no/design", "-M"});
-            }),
-            "\n!!!============== BadFileName =============="
-            "\n!!! Impossible d'ouvrir le fichier '/no/design'.\n");
+  const auto outputOf = [](std::vector<std::string> options) {
+    options.insert(options.begin(), {"p", "s", "o", "t", "d"});
+    return RunInChild([&] { Parse(options); }).output;
+  };
+  const std::string failure =
+      "\n!!!============== BadFileName =============="
+      "\n!!! Impossible d'ouvrir le fichier '/no/design'.\nERROR \n";
+  EXPECT_EQ(outputOf({"-EXPE", "/no/design", "-M"}), failure);
+  const std::string traced = outputOf({"-M", "-EXPE", "/no/design"});
+  EXPECT_EQ(traced.find("\nConstruction d'une instance de 'File' : "), 0U);
+  EXPECT_TRUE(traced.ends_with(failure));
 }
 
 TEST(Parsers, ReadTheFilesOfAllKindsInTheirOrder) {
@@ -114,16 +121,18 @@ TEST(Parsers, ReadTheFilesOfAllKindsInTheirOrder) {
 
 TEST(Parsers, TraceStatementsUnderTheSwitchOfTheirLetter) {
   TemporaryFolder folder;
-  const std::string path = folder.Write("f", "OUT_DIR 100%s/;\n  CLOCK 1\n DAY;");
+  const std::string path = folder.Write("f", "OUT_DIR 100%s/;\n  CLOCK 1\n DAY;DATA_FILE W { KEY \"%d\"; }");
   const std::string dashes = "\n" + std::string(75, '-') + "\n";
   const auto parse = [&](int& trace) {
     Simulation simulation;
     pCurrentSim = &simulation;
     trace = 1;
+    Assign_App_NewSerialDataFileFromStringFunction(
+        [](const char*) -> SerialDataFile* { return new SequentialDataFile(40, READ_ACCESS, OM_APPEND); });
     ParseSimulationFile(path.c_str());
   };
   EXPECT_EQ(OutputOf([&] { parse(g_KV_TraceParsingI); }),
-            dashes + "OUT_DIR 100%s/ ;\nCLOCK 1 DAY ;\n " + dashes);
+            dashes + "OUT_DIR 100%s/ ;\nCLOCK 1 DAY ;\nDATA_FILE W {\nKEY \"%d\" ;\n}\n " + dashes);
   EXPECT_EQ(OutputOf([&] { parse(g_KV_TraceParsingD); }), "");
 }
 

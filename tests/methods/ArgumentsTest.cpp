@@ -114,7 +114,7 @@ TEST(Argument, TracesItsLifeOnDemand) {
     std::snprintf(text, sizeof text, "%p", p);
     return std::string(text);
   };
-  alignas(EventArgument) char room[sizeof(EventArgument)];
+  alignas(EventArgument) char room[sizeof(EventArgument)] = {};
   EXPECT_EQ(OutputOf([&room] {
               g_KV_TraceNewDelMode = 1;
               (new (room) EventArgument(13, "previousEventArgument"))->~EventArgument();

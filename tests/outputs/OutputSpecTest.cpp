@@ -9,6 +9,7 @@
 #include "kalve/monitors/DescValueMonitor.h"
 #include "kalve/outputs/DescTimeSeries.h"
 #include "tests/outputs/OutputTest.h"
+#include "tests/support/Owned.h"
 
 namespace {
 
@@ -61,9 +62,11 @@ TEST_F(OutputSpecTest, RelatedClassesAreRefusedInBothOrders) {
   EXPECT_EQ(EntityOutputSpec::InstanceList().size(), 3);
   EXPECT_EQ(cows->GetMultipleDescriptorsData().size(), 2);
   // A declaration of structure looks for no relatives; a writer meets it before its own class.
-  SetEntityStructureOS("Heifer", CLOCK, 0, 0, 0, "", "", "", OM_APPEND);
+  const EntityOutputSpec* const heifers =
+      SetEntityStructureOS("Heifer", CLOCK, 0, 0, 0, "", "", "", OM_APPEND);
   NewWriter("Cow");
   EXPECT_NE(FailureOf([] { NewWriter("Heifer"); }).find("'Cow'"), std::string::npos);
+  EXPECT_EQ(heifers->GetMultipleDescriptorsData().size(), 0);
 }
 
 TEST_F(OutputSpecTest, ADescriptorOfTwoWritersHasAPrecisionInEach) {
@@ -357,13 +360,13 @@ TEST_F(OccurrenceTest, PoppedEventsAreNotedWithTheSpecificationInCharge) {
   SetEventOutputSpec("all_eventClasses", CLOCK, "all", OM_OVERWRITE);
   SetEventOutputSpec("noon", CLOCK, "noon", OM_OVERWRITE);
   Post("dawn", 7, new DiscreteProcess(20, "graze"));
-  Post("noon", 8, new DiscreteProcess(20, "graze"));
+  const OwnedEvent popped(Post("noon", 8, new DiscreteProcess(20, "graze")));
   simulation.SetEndClock(7);
   simulation.RunBatch(99);
   DisplayAllOutputSpecs();
   EXPECT_EQ(Content("first"), "");
   EXPECT_EQ(Content("last"), "dawn \t3\n");
-  EXPECT_EQ(Content("all"), "dawn \t7\nnoon \t8\n");  // the last was popped, and not applied
+  EXPECT_EQ(Content("all"), "dawn \t7\nnoon \t8\n");  // the last was popped, neither applied nor freed
   EXPECT_EQ(Content("noon"), "");
 }
 

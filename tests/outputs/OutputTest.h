@@ -29,7 +29,8 @@ class OutputTest : public ModelTest {
   /// A text writer that saves to "series.txt".
   static OutputFileMDescOS* NewWriter(const char* className, AllOrEnd allOrEnd = AOE_ALL,
                                       TimeType timeType = CLOCK, OutputMode mode = OM_OVERWRITE) {
-    auto* const writer = new OutputFileMDescOS(timeType, 0, 0, 1, GRAPH_LINE, allOrEnd);
+    static OutputFileMDescOS* writer;  // reachable where a failure ends the process
+    writer = new OutputFileMDescOS(timeType, 0, 0, 1, GRAPH_LINE, allOrEnd);
     writer->RegisterEntityOS(className);
     writer->ConfigureOutputFile("series.txt", mode);
     return writer;

@@ -196,6 +196,9 @@ TEST_F(TextWriterTest, ParametersAreShownOneByOneByGroupOrAll) {
     EXPECT_EQ(Dump().substr(0, c.lines.size() + 1), c.lines + "#");
     DeleteOutputSpecs();
   }
+}
+
+TEST_F(TextWriterTest, AParameterThatIsNotThereEndsTheRun) {
   OutputFileMDescOS* const writer = NewWriter("Cow");
   writer->AddParameterOS("Herd", "nothing");
   const Cow watched;

@@ -1,6 +1,8 @@
 // INCLUDE and END INCLUDE over a chain of files.
+#include "kalve/engine/DiscreteProcess.h"
 #include "kalve/inputs/File.h"
 #include "kalve/inputs/ParserFunction.h"
+#include "kalve/model/ApplicationHooks.h"
 #include "tests/parsers/ParserTest.h"
 
 namespace {
@@ -74,18 +76,20 @@ TEST_F(InclusionTest, RefusesWhatDoesNotCloseInItsOwnFile) {
        "lu : 'END INCLUDE' ; attendu : '}' (accolade ouverte à la ligne 1)"},
       {"}", 1, "lu : '}' ; attendu : une instruction (aucune accolade n'est ouverte dans ce fichier)"},
       {"EVENT event AT CLOCK", 1, "lu : la fin du fichier ; attendu : un entier"},
-      {"EVENT event AT CLOCK 1 INCLUDE \"x\";", 1,
-       "lu : 'INCLUDE' ; attendu : AT, BETWEEN, NAME, PERCENT, PRIORITY, PROBABILITY, ';' ou '{'"},
+      {"SPEC s INCLUDE \"x\";", 1, "lu : 'INCLUDE' ; attendu : OF, ';' ou '{'"},
   };
+  Assign_App_NewProcessFromStringFunction(
+      [](const char* name) -> Process* { return new DiscreteProcess(0, name); });
   for (const Case& c : cases) {
     const std::string included = folder.Write("g", c.included);
-    EXPECT_EQ(ReadInChild(ParseDirectiveFile, "EVENT event AT CLOCK 0 {\n}INCLUDE \"g\";\n"),
+    EXPECT_EQ(ReadInChild(ParseDirectiveFile, "EVENT event AT CLOCK 0 { PROCESS p EXEC;\n}INCLUDE \"g\";\n"),
               FaultOf(included, c.line, c.what, IncludedBy(path, 2)));
   }
   // An inclusion may stand in a block.
   folder.Write("g", "# nothing");
-  Read(ParseDirectiveFile, "EVENT event AT CLOCK 0 {\nINCLUDE \"g\";\n}");
+  Read(ParseDirectiveFile, "EVENT event AT CLOCK 0 {\nPROCESS p EXEC; INCLUDE \"g\";\n}");
   EXPECT_EQ(simulation.AgendaEventSize(), 1);
+  Assign_App_NewProcessFromStringFunction(nullptr);
 }
 
 TEST_F(InclusionTest, FindsFaultsWhateverTheKindOfFile) {

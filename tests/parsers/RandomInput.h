@@ -6,10 +6,6 @@
 
 #include "tests/parsers/ParserTest.h"
 
-/// Asked by the leak checker at the end of each process. What a failing reading leaves behind goes with it,
-/// and the search would take longer than the reading.
-inline int leaksDoNotMatter = 0;
-
 class RandomInput : public ParserTest {
  protected:
   std::size_t Below(std::size_t n) { return random() % n; }

@@ -1,6 +1,12 @@
 // The simulation file, and the lexemes that all files share.
+#include "kalve/engine/DataReading.h"
 #include "kalve/foundations/CoreException.h"
+#include "kalve/inputs/DataFiles.h"
+#include "kalve/inputs/FactualDataFile.h"
 #include "kalve/inputs/ParserFunction.h"
+#include "kalve/inputs/SequentialDataFile.h"
+#include "kalve/methods/Method.h"
+#include "kalve/model/ApplicationHooks.h"
 #include "tests/parsers/ParserTest.h"
 
 namespace {
@@ -51,7 +57,7 @@ TEST_F(SimulationFileTest, TakesPathsAsTheyStand) {
 }
 
 TEST_F(SimulationFileTest, SaysWhatItReadAndExpected) {
-  const std::string setting = "la fin du fichier, BEGIN, CLOCK, END, IN_DIR ou OUT_DIR";
+  const std::string setting = "la fin du fichier, BEGIN, CLOCK, DATA_FILE, END, IN_DIR ou OUT_DIR";
   const FaultCase cases[] = {
       {"\n\nFINISH 10;", 3, "lu : 'FINISH' ; attendu : " + setting},
       {"CLOCK DAY;", 1, "lu : 'DAY' ; attendu : un entier"},
@@ -120,8 +126,159 @@ TEST_F(SimulationFileTest, TakesWordsAndLinesOfAnyLength) {
   EXPECT_EQ(simulation.GetInDir(), longOne);
   EXPECT_EQ(simulation.EndClock(), 3);
   const std::string output = ReadInChild(ParseSimulationFile, longOne + ";");
-  EXPECT_EQ(output, Fault(1, "lu : '" + longOne.substr(0, 60) +
-                                 "...' ; attendu : la fin du fichier, BEGIN, CLOCK, END, IN_DIR ou OUT_DIR"));
+  EXPECT_EQ(
+      output,
+      Fault(1, "lu : '" + longOne.substr(0, 60) +
+                   "...' ; attendu : la fin du fichier, BEGIN, CLOCK, DATA_FILE, END, IN_DIR ou OUT_DIR"));
+}
+
+// Data files -------------------------------------------------------------------------------------------
+
+constexpr int weather = 40;
+
+/// What an application knows: Weather and 7 with their fields, a file with a path of its own, a file that is
+/// no file of records.
+class SimulationDataFileTest : public SimulationFileTest {
+ protected:
+  SimulationDataFileTest() {
+    Assign_App_NewSerialDataFileFromStringFunction([](const char* name) -> SerialDataFile* {
+      const std::string className = name;
+      if (className == "Weather") {
+        auto* file = new SequentialDataFile(weather, READ_ACCESS, OM_APPEND);
+        for (const ValueTypeId type : {INT, FLOAT, FLOAT}) file->AddField(0, type);
+        file->AssignReadNextEnrgtMethod([](SequentialDataFile* f) {
+          return std::fscanf(f->GetPhysicalFile(), f->GetFormat(), &f->mFields[0]->mValue.intValue,
+                             &f->mFields[1]->mValue.floatValue, &f->mFields[2]->mValue.floatValue);
+        });
+        return file;
+      }
+      if (className == "DATA" || className == "placed") {
+        auto* file = new SequentialDataFile(41, READ_ACCESS, OM_APPEND);
+        if (className == "placed") file->AssignPhysicalPath("/app/");
+        return file;
+      }
+      return className == "plain" ? new SerialDataFile(43, READ_ACCESS, OM_APPEND) : nullptr;
+    });
+    Assign_App_NewSerialDataFileFromIdFunction([](int symbol) -> SerialDataFile* {
+      if (symbol == 7) return new FactualDataFile(7, READ_ACCESS, OM_APPEND);
+      return symbol == weather ? GetSerialDataFile(weather) : nullptr;
+    });
+  }
+  ~SimulationDataFileTest() override {
+    DeleteFileInstances();
+    Assign_App_NewSerialDataFileFromStringFunction(nullptr);
+    Assign_App_NewSerialDataFileFromIdFunction(nullptr);
+  }
+  /// "name comments format" of each file, in the order of their making.
+  static std::string Files() {
+    std::string files;
+    for (int i = 0; i < File::mpInstanceTab.size(); ++i) {
+      const auto* file = static_cast<SerialDataFile*>(File::mpInstanceTab[i]);
+      files += std::string(file->GetFullName()) + " " + std::to_string(file->GetNbTopCommentLines()) + " " +
+               file->GetFormat() + "|";
+    }
+    return files;
+  }
+};
+
+TEST_F(SimulationDataFileTest, DeclaresDataFilesOnceTheDirectoriesAreKnown) {
+  Read(ParseSimulationFile,
+       "DATA_FILE Weather { NAME weather.txt; COMMENTS 2; KEY \"%d\"; DATA \"%f %f\"; }\n"
+       "DATA_FILE 7 { FORMAT \"%d;%s\"; NAME \"milk prices.txt\"; PATH /herd/; }\n"
+       "DATA_FILE \"DATA\" { FILE /x/m\xC3\xA9t\xC3\xA9o; DATA \"%*s\"; }\n"
+       "DATA_FILE placed { NAME y.txt; }\n"
+       "IN_DIR data/;\n");
+  EXPECT_EQ(Files(),
+            "data/weather.txt 2 %d %f %f|/herd/milk prices.txt 0 %d;%s|/x/m\xC3\xA9t\xC3\xA9o 0  %*s|"
+            "/app/y.txt 0 |");
+  DeleteFileInstances();
+  Read(ParseSimulationFile, "DATA_FILE placed; DATA_FILE 7 { PATH /herd/; COMMENTS 0; }");
+  EXPECT_EQ(Files(), " 0 | 0 |");
+}
+
+TEST_F(SimulationDataFileTest, TheDocumentedExampleStands) {
+  Read(ParseSimulationFile, DocumentedExample("The simulation file"));
+  EXPECT_EQ(simulation.EndClock(), 228);
+  EXPECT_STREQ(simulation.GetOutDir(), "results of 2008/");
+  EXPECT_EQ(Files(), "data/weather.txt 2 %d %f %f|/herd/prices.txt 0 |");
+}
+
+TEST_F(SimulationDataFileTest, ADeclaredFileIsReadOverTheRun) {
+  folder.Write("in/weather.txt", "station 12\nday rain wind\n1 0.5 3\n2 12 40\n3 0 8\n");
+  Read(ParseSimulationFile,
+       "CLOCK 1 DAY; BEGIN 1 AVR 2008; END 15 NOV 2008; IN_DIR " + folder.Path("in/") +
+           "; DATA_FILE Weather { NAME weather.txt; COMMENTS 2; KEY \"%d\"; DATA \"%f %f\"; }");
+  auto* reading = new ReadSequentialDataFileProcess();
+  reading->FileClassId(weather);
+  static std::string rain;
+  rain.clear();
+  reading->SetPostRead([](ProcessMethod*) {
+    rain += std::to_string(pCurrentSim->Clock()) + ":" + std::to_string(GetFloatFieldValue(weather, 1)) + " ";
+  });
+  reading->PostInitAndProceedEvent(1);
+  simulation.RunBatch(10);
+  EXPECT_EQ(rain, "1:0.500000 2:12.000000 3:0.000000 ");
+}
+
+TEST_F(SimulationDataFileTest, SaysWhatIsWrongWithADeclaration) {
+  const std::string parts = "COMMENTS, DATA, FILE, FORMAT, KEY, NAME, PATH";
+  const std::string both = " sont donnés pour le même fichier de données";
+  const FaultCase cases[] = {
+      {"DATA_FILE\n;", 2, "lu : ';' ; attendu : un nom, un texte entre guillemets ou un entier"},
+      {"DATA_FILE NAME;", 1, "lu : 'NAME' ; attendu : un nom, un texte entre guillemets ou un entier"},
+      {"DATA_FILE Weather\nNAME x;", 2, "lu : 'NAME' ; attendu : ';' ou '{'"},
+      {"DATA_FILE Weather {\nSIZE 3; }", 2, "lu : 'SIZE' ; attendu : " + parts + " ou '}'"},
+      {"DATA_FILE Weather { NAME; }", 1, "lu : ';' ; attendu : un chemin"},
+      {"DATA_FILE Weather { NAME x }", 1, "lu : '}' ; attendu : ';'"},
+      {"DATA_FILE Weather { KEY x; }", 1, "lu : 'x' ; attendu : un texte entre guillemets"},
+      {"DATA_FILE Weather { COMMENTS \"2\"; }", 1, "lu : '2' ; attendu : un entier"},
+      {"DATA_FILE Weather {\nCOMMENTS -1; }", 2, "COMMENTS demande un nombre de lignes d'au moins 0"},
+      {"DATA_FILE Weather { COMMENTS 1;\nCOMMENTS 1; }", 2,
+       "COMMENTS est donné deux fois pour le fichier de données"},
+      {"DATA_FILE Weather { KEY \"a\";\nKEY \"a\"; }", 2,
+       "KEY est donné deux fois pour le fichier de données"},
+      {"DATA_FILE Weather { PATH \"\"; }", 1, "PATH demande un nom non vide"},
+      {"DATA_FILE Weather { PATH a/;\nFILE b; }", 2, "FILE et PATH" + both},
+      {"DATA_FILE Weather { FILE b; NAME a; }", 1, "FILE et NAME" + both},
+      {"DATA_FILE Weather { FORMAT \"a\"; KEY \"b\"; }", 1, "FORMAT et KEY" + both},
+      {"DATA_FILE Weather { DATA \"a\"; FORMAT \"b\"; }", 1, "FORMAT et DATA" + both},
+      {"DATA_FILE Weather;\nDATA_FILE 7;\nDATA_FILE \"Weather\";", 3,
+       "le fichier de données 'Weather' est déjà déclaré à la ligne 1"},
+      {"DATA_FILE 7;\nDATA_FILE 7;", 2, "le fichier de données 7 est déjà déclaré à la ligne 1"},
+      {"DATA_FILE Weather {", 1, "lu : la fin du fichier ; attendu : '}' (accolade ouverte à la ligne 1)"},
+  };
+  for (const FaultCase& c : cases) {
+    const std::string output = ReadInChild(ParseSimulationFile, c.bytes);
+    EXPECT_EQ(output, Fault(c.line, c.what)) << c.bytes;
+  }
+}
+
+TEST_F(SimulationDataFileTest, EndsInTheFailureMadeForTheFault) {
+  const FaultCase cases[] = {
+      {"\nDATA_FILE Rain;", 2,
+       "DATA_FILE 'Rain'\n!!!============== UnknownClassName =============="
+       "\n!!! Le nom de classe 'Rain' n'est connu ni du noyau, ni de l'application."
+       "\n    Le service qui l'a cherché est 'K_NewSerialDataFileFromString'.\nERROR \n"},
+      {"DATA_FILE 8;", 1,
+       "DATA_FILE 8\n!!!============== UnknownFileClassSymbol =============="
+       "\n!!! Aucun fichier de classe 'SerialDataFile' n'est connu avec le symbole 8.\nERROR \n"},
+      {"DATA_FILE plain;", 1,
+       "DATA_FILE 'plain'\n!!!============== BadFileType =============="
+       "\n!!! Un fichier de données séquentiel ou factuel est attendu.\n    fichier : '' de type 2\nERROR \n"},
+      {"DATA_FILE Weather {\nNAME \"weather.txt\"; }", 1,
+       "DATA_FILE 'Weather'\n!!!============== UnspecifiedInPath =============="
+       "\n!!! Le fichier de données 'weather.txt' est donné par son nom simple,"
+       "\n    alors que le répertoire des entrées n'est pas spécifié"
+       "\n    (dans le fichier des paramètres de la simulation (IN_DIR <path>)"
+       "\n    ou par pCurrentSim->SetInDir(<path>).\nERROR \n"},
+  };
+  for (const FaultCase& c : cases) {
+    const std::string output = ReadInChild(ParseSimulationFile, c.bytes);
+    EXPECT_EQ(output, Announced(path, c.line, c.what)) << c.bytes;
+  }
+  Assign_App_NewSerialDataFileFromStringFunction(nullptr);
+  EXPECT_NE(ReadInChild(ParseSimulationFile, "DATA_FILE Weather;").find(" UnknownClassName "),
+            std::string::npos);
 }
 
 TEST_F(SimulationFileTest, NeedsASimulation) {

@@ -1,82 +1,9 @@
 // The structure file: entities, loops, values, and what is wrong in them.
-#include <fstream>
-#include <sstream>
-
-#include "examples/herd/HerdClasses.h"
-#include "tests/parsers/ParserTest.h"
-#include "tests/parsers/RandomInput.h"
-#include "tests/support/AllValues.h"
+#include "tests/parsers/HerdTest.h"
 
 namespace {
 
-constexpr int BULL = UDDER + 1;
-constexpr int READY = 70;
-
-/// Stands by itself, with a descriptor of each type and a predicate.
-class Bull : public Entity {
- public:
-  Bull() {
-    AddAllValues(*this);
-    static_cast<IntVariableDescriptor*>(GetDescriptor("anInt"))->SetSubDomain(0, 50);
-    static_cast<FloatConstantDescriptor*>(GetDescriptor("aFloat"))->SetSubDomain(-10.0F, 20.0F);
-    static_cast<EntityConstantDescriptor*>(GetDescriptor("anEntity"))->ValueClassId(COW);
-    static_cast<EntityTabVariableDescriptor*>(GetDescriptor("someEntities"))->ValueClassId(KV_ENTITY);
-    AddMethod(new EntityPredicate(READY, "isReady"));
-    SetMetaClass(BULL);
-    AddInstanceToClass();
-  }
-};
-
-std::string Contents(const std::string& file) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(file, std::ios::binary).rdbuf();
-  return bytes.str();
-}
-
-class StructureFileTest : public RandomInput {
- protected:
-  StructureFileTest() {
-    BasicEntity::mInstanceNumber = 0;
-    InstallHerdClasses();
-    CreateMetaClass(BULL, "Bull")->SetParentClassId(KV_ENTITY);
-    SetHierarchy();
-    Assign_App_NewEntityFromStringFunction([](const char* className) -> Entity* {
-      return std::string(className) == "Bull" ? new Bull : NewHerdEntity(className);
-    });
-  }
-  ~StructureFileTest() override {
-    for (int id = gMetaClassTab.size(); id-- > KV_PROCESS;)
-      while (GetNumberOfEntities(id) > 0) DeleteEntity(GetMetaClass(id)->GetInstance(0));
-    DeleteParameters();
-    for (MetaClass* metaClass : gMetaClassTab) delete metaClass;
-    gMetaClassTab.erase();
-    gMetaClassIdTab.erase();
-    Assign_App_NewEntityFromStringFunction(nullptr);
-  }
-
-  static void SetParameter(ValueTypeId type, const char* name, UnifiedValue value) {
-    CreateParameter(type, "Herd", name, value);
-  }
-  /// "name(part part) ", the parts likewise.
-  static std::string Tree(const BasicEntity* entity) {
-    std::string parts;
-    for (const BasicEntity* part :
-         entity->HasComponents() ? entity->GetComponentTab() : entity->GetElementTab())
-      parts += part != nullptr ? Tree(part) : "- ";
-    if (!parts.empty()) parts = "(" + parts.substr(0, parts.size() - 1) + ")";
-    return entity->InstanceName() + parts + " ";
-  }
-  static std::string TreeOf(const char* name) { return Tree(GetNamedEntity(name)); }
-  /// What a failing reading leaves behind goes with its process.
-  std::string Output(const std::string& bytes) {
-    folder.Write("f", bytes);
-    return RunInChild([&] {
-             leaksDoNotMatter = 1;
-             ParseStructureFile(path.c_str());
-           })
-        .output;
-  }
-};
+using StructureFileTest = HerdTest;
 
 TEST_F(StructureFileTest, BuildsWhatItReads) {
   Read(ParseStructureFile,
@@ -156,11 +83,39 @@ TEST_F(StructureFileTest, GivesValuesAndBodies) {
   EXPECT_FALSE(other->ExecPredicate(READY));
 }
 
+TEST_F(StructureFileTest, TakesBodiesOfTheApplication) {
+  RegisterPredicateBody("isSecond", [](EntityMethod* method) {
+    return std::string(method->DescribedEntity()->InstanceName()) == "bull2";
+  });
+  Read(ParseStructureFile, "FOR b = 1 TO 2 { ENTITY Bull bull[b] { BODY isReady = isSecond; } }");
+  EXPECT_FALSE(GetNamedEntity("bull1")->ExecPredicate(READY));
+  EXPECT_TRUE(GetNamedEntity("bull2")->ExecPredicate(READY));
+}
+
+TEST_F(StructureFileTest, GivesSelectionsAsValues) {
+  char breed[] = "Salers ";
+  SetParameter(STRING, "breed", {.stringValue = breed});
+  AssignEnumToInt([](const char* name) { return std::string(name) == "BREED" ? 23 : K_INT_UNSIGNIFICANT; });
+  Read(ParseStructureFile,
+       "SPEC second OF Bull { WHERE STRING BREED IN \"Salers 2\"; }\n"
+       "FOR b = 1 TO 3 { ENTITY Bull bull[b] { aText = PARAM Herd breed b; aSpec = SPEC second; } }\n");
+  AssignEnumToInt(nullptr);
+  EXPECT_EQ(Selected("second"), "bull2 ");
+  for (const char* name : {"bull1", "bull3"}) {
+    const Entity* const bull = GetNamedEntity(name);
+    EXPECT_EQ(bull->GetEntitySpecValue(bull->GetDescriptor("aSpec")->ClassSymbol()),
+              GetNamedEntitySpec("second"));
+  }
+}
+
 TEST_F(StructureFileTest, SaysWhatIsWrong) {
   SetParameter(VOID, "turnout", {.entityValue = nullptr});
   char breed[] = "Salers";
   SetParameter(STRING, "breed", {.stringValue = breed});
-  const std::string statement = "BODY, COMPONENT, ELEMENT, ENTITY, FOR, REF, SIMULATED ou '}'";
+  const std::string statement = "BODY, COMPONENT, ELEMENT, ENTITY, FOR, REF, SIMULATED, SPEC ou '}'";
+  SetParameter(INT, "heads", {.intValue = 3});
+  std::string deepLoops;
+  for (int i = 0; i < 200; ++i) deepLoops += "FOR i = 1 TO 1 {\n";
   const FaultCase cases[] = {
       {"\nENTITY;", 2, "lu : ';' ; attendu : un nom ou un texte entre guillemets"},
       {"ENTITY Farm farm", 1, "lu : la fin du fichier ; attendu : ';', '{' ou '['"},
@@ -168,7 +123,7 @@ TEST_F(StructureFileTest, SaysWhatIsWrong) {
       {"ENTITY Farm farm[3];", 1, "lu : '3' ; attendu : un nom"},
       {"ENTITY Bull { anInt += ;", 1, "lu : ';' ; attendu : un entier, un réel, NEW, PARAM ou '['"},
       {"ENTITY Bull { anInt = [1, 2]; }", 1,
-       "lu : '[' ; attendu : un nom, un texte entre guillemets, un entier, un réel, NEW ou PARAM"},
+       "lu : '[' ; attendu : un nom, un texte entre guillemets, un entier, un réel, NEW, PARAM ou SPEC"},
       {"ENTITY Bull { aText += \"Bob\"; }", 1,
        "lu : 'Bob' ; attendu : un entier, un réel, NEW, PARAM ou '['"},
       {"FOR c = 1.5 TO 3 { }", 1, "lu : '1.5' ; attendu : un entier ou PARAM"},
@@ -195,6 +150,12 @@ TEST_F(StructureFileTest, SaysWhatIsWrong) {
        "PARAM 'Herd' 'turnout' : une date n'est pas une valeur de descripteur"},
       {"ENTITY Bull {\nsomeInts += PARAM Herd breed; }", 2,
        "+= n'ajoute pas de texte (descripteur 'someInts')"},
+      {"ENTITY Bull { anInt = PARAM Herd heads i; }", 1,
+       "PARAM 'Herd' 'heads' : seul un texte prend un itérateur"},
+      {"FOR i = 1 TO 2 {\nSPEC all OF Cow; }", 2, "SPEC ne peut pas se trouver dans une boucle FOR"},
+      {"SPEC bulls OF Bull;\nENTITY Bull { anInt = SPEC bulls; }", 2,
+       "descripteur 'anInt'\n!!! Affectation d'une valeur 'spécification d'entités' à un descripteur d'un autre type !!!"},
+      {deepLoops, 101, "plus de 100 boucles FOR imbriquées"},
       {"ENTITY Bull {\naText = 12; }", 2,
        "descripteur 'aText'\n!!! Affectation d'une valeur entière à un descripteur non numérique"
        "\n    ou qui n'existe pas !!!"},
@@ -214,8 +175,8 @@ TEST_F(StructureFileTest, SaysWhatIsWrong) {
        "descripteur 'anEntity' (boucle FOR de la ligne 2, i = 5)"
        "\n!!! Affectation d'une chaîne à un descripteur non String !!!"},
   };
-  for (const FaultCase& c : cases) EXPECT_EQ(Output(c.bytes), Fault(c.line, c.what)) << c.bytes;
-  const std::string output = Output("ENTITY Farm farm { 3; }");
+  for (const FaultCase& c : cases) ExpectFault(ParseStructureFile, c);
+  const std::string output = ReadQuietly(ParseStructureFile, "ENTITY Farm farm { 3; }");
   EXPECT_NE(output.find("lu : '3' ; attendu : un nom, un texte entre guillemets, " + statement),
             std::string::npos)
       << output;
@@ -260,6 +221,8 @@ TEST_F(StructureFileTest, EndsInTheFailureMadeForTheFault) {
       {"ENTITY Cow cow;\nREF bull;", 2,
        "REF 'bull' : aucune entité ne porte ce nom\n!!!============== UnfoundEntityBasedOnInstanceName "
        "=============="},
+      {"ENTITY Bull {\naSpec = SPEC bulls; }\nSPEC bulls OF Bull;", 2,
+       "SPEC 'bulls' : aucune sélection ne porte ce nom\n!!!============== UnknownClassName =============="},
       {"ENTITY Bull {\nanInt = 51; }", 2,
        "descripteur 'anInt'\n!!!============== OutOfIntDomain =============="},
       {"ENTITY Bull {\nFOR i = 50 TO 60\n{\nanInt = i; } }", 4,
@@ -278,11 +241,7 @@ TEST_F(StructureFileTest, EndsInTheFailureMadeForTheFault) {
       {"ENTITY Bull { anInt = PARAM Herd size; }", 1,
        "PARAM 'Herd' 'size'\n!!!============== InexistantParameter =============="},
   };
-  for (const FaultCase& c : cases) {
-    const std::string output = Output(c.bytes);
-    EXPECT_EQ(output.find(Announced(path, c.line, c.what)), 0U) << c.bytes << output;
-    EXPECT_TRUE(output.ends_with("\nERROR \n")) << output;
-  }
+  for (const FaultCase& c : cases) ExpectFailure(ParseStructureFile, c);
   // What fails later has no line in the file.
   Read(ParseStructureFile, "ENTITY Cow cow;");
   EXPECT_EQ(OutputOf([&] {
@@ -294,7 +253,7 @@ TEST_F(StructureFileTest, EndsInTheFailureMadeForTheFault) {
 
 TEST_F(StructureFileTest, NamesTheFilesThatLedToAFailure) {
   const std::string included = folder.Write("cows", "ELEMENT Cow cow;\n\nELEMENT Goat goat;");
-  const std::string output = Output("ENTITY Herd herd {\nINCLUDE \"cows\";\n}");
+  const std::string output = ReadQuietly(ParseStructureFile, "ENTITY Herd herd {\nINCLUDE \"cows\";\n}");
   EXPECT_EQ(output.find(Announced(included, 3, "ELEMENT 'Goat' 'goat' : classe d'entité inconnue") +
                         "\n    inclus par " + path + ", ligne 2\n!!!==="),
             0U)
@@ -303,7 +262,7 @@ TEST_F(StructureFileTest, NamesTheFilesThatLedToAFailure) {
 
 TEST_F(StructureFileTest, NeedsASimulation) {
   pCurrentSim = nullptr;
-  EXPECT_NE(Output("").find("SimulationNotYetCreated"), std::string::npos);
+  EXPECT_NE(ReadQuietly(ParseStructureFile, "").find("SimulationNotYetCreated"), std::string::npos);
   pCurrentSim = &simulation;
 }
 
@@ -317,12 +276,8 @@ TEST_F(StructureFileTest, TheSeasonOfTheHerdStands) {
 }
 
 TEST_F(StructureFileTest, TheDocumentedExampleStands) {
-  const std::string page = Contents(std::string(KALVE_SOURCE_DIR) + "/docs/input-files.md");
-  const std::size_t section = page.find("## The structure file");
-  const std::size_t from = page.find("```\n", section) + 4;
-  ASSERT_NE(section, std::string::npos);
   SetParameter(INT, "size", {.intValue = 3});
-  Read(ParseStructureFile, page.substr(from, page.find("```", from) - from));
+  Read(ParseStructureFile, DocumentedExample("The structure file"));
   EXPECT_EQ(TreeOf("farm"),
             "farm(home river1 river2 herd(cow1(Udder_8) cow2(Udder_10) cow3(Udder_12) hortense(-)) common) ");
   EXPECT_EQ(ValueText(*GetNamedEntity("hortense"), "calvings"), "6");
@@ -331,12 +286,14 @@ TEST_F(StructureFileTest, TheDocumentedExampleStands) {
 TEST_F(StructureFileTest, MutatedFilesEndInOrder) {
   folder.Write("part", "# nothing\nEND INCLUDE;");
   const std::string example =
-      "ENTITY Bull barn { aText = \"a\"; anInt = 3; someInts += 5; aDomain += [1, 2]; BODY isReady = TRUE; }\n"
+      "SPEC some OF Bull { INSTANTIATE; NFIRST 2; WHERE INT KV_ENTITY NOT_IN [2, 3], 5; WHERE STRING INT IN a; }\n"
+      "ENTITY Bull barn { aSpec = SPEC some; aText = \"a\"; anInt = 3; someInts += 5; aDomain += [1, 2]; BODY isReady = TRUE; }\n"
       "SIMULATED ENTITY Farm farm {\n"
       "  FOR p = 1 TO 3 { ELEMENT Paddock paddock[p] { area = p; } }\n"
       "  INCLUDE \"part\";\n"
       "  ELEMENT Herd herd { FOR c = 1 TO 2 { ELEMENT Cow cow[c] { FOR u = 1 TO 1 { COMPONENT Udder; } } } }\n"
-      "}\nREF \"farm\" { ELEMENT REF paddock1; }\n";
+      "}\nREF \"farm\" { ELEMENT REF paddock1; }\n"
+      "SPEC more OF Bull { REFERENT farm; WHERE anInt IN 3; WHERE ENTITY anEntity IN CLASS Cow; }\n";
   for (int i = 0; i < 150; ++i) ExpectOrderlyEnd(ParseStructureFile, Mutated(example));
   EXPECT_GT(faults, 50);
 }

@@ -62,8 +62,8 @@ ChildOutcome RunInChild(const std::function<void()>& body, const std::string& in
   return outcome;
 }
 
-std::string OutputOf(const std::function<void()>& body) {
-  const ChildOutcome outcome = RunInChild(body);
+std::string OutputOf(const std::function<void()>& body, const std::string& input) {
+  const ChildOutcome outcome = RunInChild(body, input);
   EXPECT_EQ(outcome.exitStatus, bodyReturned) << outcome.output;
   return outcome.output;
 }

@@ -21,8 +21,8 @@ bool IsChildProcess();
 
 inline constexpr int bodyReturned = 7;
 
-/// What `body` printed; the calling test fails when it did not return.
-std::string OutputOf(const std::function<void()>& body);
+/// What `body` printed, with `input` to read; the calling test fails when it did not return.
+std::string OutputOf(const std::function<void()>& body, const std::string& input = "");
 
 /// What `body` printed until a failure ended it, from the last "\n!!!====" on and without "ERROR \n"; the
 /// calling test fails when it ended in another way.

@@ -1,0 +1,5 @@
+// What a season gave, in a page for whoever runs the farm.
+#pragma once
+
+/// Prints the summary of grass, milk and animals, in French, from the living entities.
+void PrintSummary();

@@ -32,6 +32,8 @@
 #include "kalve/foundations/InstanceTable.h"
 #include "kalve/foundations/Liste.h"
 #include "kalve/foundations/NameTables.h"
+#include "kalve/foundations/Prefetch.h"
+#include "kalve/foundations/RareText.h"
 #include "kalve/foundations/Records.h"
 #include "kalve/foundations/Rng.h"
 #include "kalve/foundations/SharedConstants.h"

@@ -1,8 +1,9 @@
 #include "kalve/engine/Event.h"
 
-#include "kalve/engine/Process.h"
+#include "kalve/engine/DiscreteProcess.h"
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/InstanceName.h"
+#include "kalve/foundations/Prefetch.h"
 
 int Event::mInstanceNumber = 0;
 int Event::_nbConst = 0;
@@ -14,18 +15,17 @@ void Event::AddInstance(int classSymbol, const char* className) {
   mClassSymbol = classSymbol;
   ClassName(className);
   mNameStem = mClassName;
-  mIsNamed = false;
 }
 
-const std::string& Event::ComposedName() const {
-  mInstanceName = ComposeInstanceName(mNameStem, mThisInstanceNumber);
-  mIsNamed = true;
-  return mInstanceName;
+const char* Event::InstanceName() const {
+  if (mNameStem != nullptr) mInstanceName.Set(ComposeInstanceName(mNameStem, mThisInstanceNumber));
+  mNameStem = nullptr;
+  return mInstanceName.Get();
 }
 
 void Event::SetInstanceName(const char* name) {
-  mInstanceName = name;
-  mIsNamed = true;
+  mInstanceName.Set(name);
+  mNameStem = nullptr;
 }
 
 void Event::SetInstanceName(const char* name, int number) {
@@ -103,6 +103,24 @@ void Event::ClearListProcessAction() {
     if (mAgendas != 0 && couple->process != nullptr) couple->process->mAgendaCouples -= mAgendas;
   }
   mListpProcessAction.Clear();
+}
+
+void Event::Fetch(int eventsBefore) const {
+  const Process* const process =
+      eventsBefore < 3 && !mListpProcessAction.empty() ? mListpProcessAction[0]->process : nullptr;
+  switch (eventsBefore) {
+    case 3:
+      return Prefetch(this, sizeof *this);
+    case 2:
+      mMethods.FetchBlock();
+      return Prefetch(process, sizeof(DiscreteProcess));
+    case 1:
+      mMethods.FetchMethods();
+      if (process != nullptr) process->mMethods.FetchBlock();
+      return;
+    default:
+      if (process != nullptr) process->mMethods.FetchMethods();
+  }
 }
 
 /// Puts a couple at its rank; the process knows of the agendas in which it now waits.

@@ -57,7 +57,6 @@ void Process::AddInstance(int classSymbol, const char* className) {
   mClassSymbol = classSymbol;
   ClassName(className);
   mNameStem = className;
-  mIsNamed = false;
 }
 
 void Process::RemoveInstance(Process* process) {
@@ -75,15 +74,15 @@ Process* Process::GetInstance(int rank) {
   }
 }
 
-const std::string& Process::ComposedName() const {
-  mInstanceName = ComposeInstanceName(mNameStem, mThisInstanceNumber);
-  mIsNamed = true;
-  return mInstanceName;
+const char* Process::InstanceName() const {
+  if (mNameStem != nullptr) mInstanceName.Set(ComposeInstanceName(mNameStem, mThisInstanceNumber));
+  mNameStem = nullptr;
+  return mInstanceName.Get();
 }
 
 void Process::SetInstanceName(const char* name) {
-  mInstanceName = name;
-  mIsNamed = true;
+  mInstanceName.Set(name);
+  mNameStem = nullptr;
 }
 
 void Process::SetInstanceName(const char* name, int number) {

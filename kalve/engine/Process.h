@@ -9,10 +9,10 @@
 #pragma once
 
 #include <new>
-#include <string>
 
 #include "kalve/foundations/Enumerations.h"
 #include "kalve/foundations/InstanceTable.h"
+#include "kalve/foundations/RareText.h"
 #include "kalve/foundations/SharedConstants.h"
 #include "kalve/methods/LazyMethods.h"
 
@@ -35,7 +35,10 @@ class Process {
   template <class Class>
   static void Free(Class* process) {
     process->~Class();
-    ::operator delete(static_cast<void*>(process));
+    if constexpr (requires(void* block) { Class::operator delete(block); })
+      Class::operator delete(process);
+    else
+      ::operator delete(static_cast<void*>(process));
   }
 
   // Identity
@@ -47,7 +50,7 @@ class Process {
   void ClassName(const char* name);
   /// Rank of the process among those alive when it was made, from 1: it can recur within a run.
   int ProcessInstanceNumber() const { return mThisInstanceNumber; }
-  const char* InstanceName() const { return (mIsNamed ? mInstanceName : ComposedName()).c_str(); }
+  const char* InstanceName() const;
   void SetInstanceName(const char* name);
   /// "name_number".
   void SetInstanceName(const char* name, int number);
@@ -150,15 +153,13 @@ class Process {
  private:
   friend class Event;
   friend struct Ranks;
-  const std::string& ComposedName() const;
 
   ProcessSubclassId mSubclass = DISCRETE_PROCESS;
   int mClassSymbol = K_INT_UNSIGNIFICANT;
   const char* mClassName = "";
   int mThisInstanceNumber = 0;
-  mutable std::string mInstanceName;  // composed when it is first read
-  mutable bool mIsNamed = true;
-  const char* mNameStem = "";
+  mutable RareText mInstanceName;
+  mutable const char* mNameStem = nullptr;  // of a name that is composed when it is first read
   BasicEntity* mProcessedEntity = nullptr;
   int mProcessedEntityClassId = 0;
   int mHasProcessedEntity = 0;

@@ -13,7 +13,7 @@ int gNbProgReprise = 0;
 namespace {
 
 /// What the placement predicate answers on the head and `event`, were this one dated `clock`.
-bool IsDueBefore(Event* head, Event* event, int clock) {
+inline bool IsDueBefore(Event* head, Event* event, int clock) {
   if (pCurrentSim->HasDefaultPlacement() && head != event) {
     const int date = head->OccurrenceClockTime();
     const bool isSameDate = date == clock;

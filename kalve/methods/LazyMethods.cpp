@@ -13,27 +13,26 @@ constinit BlockPool LazyMethods::Block::pool{sizeof(LazyMethods::Block)};
 
 namespace {
 
-void Tell(Method* method, void* owner) {
-  if (method->ObjectClass() == KV_EVENT)
-    static_cast<EventMethod*>(method)->DescribedEvent(static_cast<Event*>(owner));
-  else
-    static_cast<ProcessMethod*>(method)->DescribedProcess(static_cast<Process*>(owner));
+void Tell(Method* method, Event* owner) { static_cast<EventMethod*>(method)->DescribedEvent(owner); }
+void Tell(Method* method, Process* owner) { static_cast<ProcessMethod*>(method)->DescribedProcess(owner); }
+
+void CountUnmade(int methods, int arguments) {
+  Method::CountUnmade(methods, 0);
+  Argument::CountUnmade(arguments, 0);
 }
 
 }  // namespace
 
 // Making ----------------------------------------------------------------------------------------------
 
-void LazyMethods::Begin(const PredefinedSet& set, void* owner) {
-  const int before = mSet->size;
+template <class Owner>
+void LazyMethods::Begin(const PredefinedSet& set, Owner* owner) {
+  const PredefinedSet& before = *mSet;
   mSet = &set;
   mOwner = owner;
-  for (int rank = before; rank < set.size; ++rank) {
-    if (g_KV_TraceNewDelMode != 0)
-      Tell(OwnBlock().made[rank] = set.rows[rank].make(), owner);
-    else
-      CountUnmade(set.rows[rank], 1, 0);
-  }
+  if (g_KV_TraceNewDelMode == 0) return CountUnmade(set.size - before.size, set.arguments - before.arguments);
+  for (int rank = before.size; rank < set.size; ++rank)
+    Tell(OwnBlock().made[rank] = set.rows[rank].make(), owner);
 }
 
 /// The method has been counted already, and its construction is no event any more.
@@ -44,8 +43,11 @@ Method* LazyMethods::Make(int rank) const {
   g_KV_TraceNewDelMode = 0;
   Method* const method = row.make();
   g_KV_TraceNewDelMode = trace;
-  CountUnmade(row, -1, 0);
-  Tell(method, block.owner);
+  CountUnmade(-1, -row.arguments);
+  if (method->ObjectClass() == KV_EVENT)
+    Tell(method, static_cast<Event*>(block.owner));
+  else
+    Tell(method, static_cast<Process*>(block.owner));
   return block.made[rank] = method;
 }
 
@@ -59,11 +61,6 @@ LazyMethods::Block& LazyMethods::OwnBlock() const {
     mBlock->owner = mOwner;
   }
   return *mBlock;
-}
-
-void LazyMethods::CountUnmade(const PredefinedRow& row, int constructions, int destructions) {
-  Method::CountUnmade(constructions, destructions);
-  Argument::CountUnmade(row.arguments * constructions, row.arguments * destructions);
 }
 
 // Reading ---------------------------------------------------------------------------------------------
@@ -91,7 +88,7 @@ Tableau<Method*> LazyMethods::Methods() const {
 }
 
 Tableau<int> LazyMethods::Ranks() const {
-  if (HasRanks()) return mBlock->ranks;
+  if (HasAdded()) return mBlock->added->ranks;
   Tableau<int> ranks(mSet->ids);
   for (int id = 0; id < mSet->ids; ++id) ranks.push_back(mSet->rankOf[id]);
   return ranks;
@@ -103,18 +100,21 @@ void LazyMethods::Add(Method* method, const char* where) {
   const int id = method->ClassSymbol();
   if (id < 0) FailOnIndex(where, Ranks().size(), id);
   if (OwnBlock().holders > 1) Part();
-  if (!HasRanks()) mBlock->ranks = Ranks();
+  if (!HasAdded()) mBlock->added.reset(new Added{{}, Ranks()});
+  Added& added = *mBlock->added;
   bool isThere = false;
   for (int rank = 0; rank < Size(); ++rank) isThere = isThere || MadeAt(rank) == method;
-  if (!isThere) mBlock->added.push_back(method);
-  set_nth_num(mBlock->ranks, id, Size() - 1);
+  if (!isThere) added.methods.push_back(method);
+  set_nth_num(added.ranks, id, Size() - 1);
 }
 
 /// The same methods in a block of its own.
 void LazyMethods::Part() {
   MakeAll();
-  auto* const own = new Block(*mBlock);
-  own->holders = 1;
+  auto* const own = new Block;
+  own->owner = mBlock->owner;
+  std::memcpy(own->made, mBlock->made, sizeof own->made);
+  if (HasAdded()) own->added = std::make_unique<Added>(*mBlock->added);
   LetGo();
   mBlock = own;
 }
@@ -125,7 +125,8 @@ void LazyMethods::AssignMethods(const LazyMethods& source) {
   for (int rank = 0; rank < others.size(); ++rank) AssignMethod(*own[rank], *others[rank]);
 }
 
-void LazyMethods::Share(const LazyMethods& source, void* owner) {
+template <class Owner>
+void LazyMethods::Share(const LazyMethods& source, Owner* owner) {
   ++source.OwnBlock().holders;
   LetGo();
   mSet = source.mSet;
@@ -133,13 +134,23 @@ void LazyMethods::Share(const LazyMethods& source, void* owner) {
   Describe(owner);
 }
 
-void LazyMethods::Describe(void* owner) {
+template <class Owner>
+void LazyMethods::Describe(Owner* owner) {
   mOwner = owner;
   if (mBlock == nullptr) return;
   mBlock->owner = owner;
-  for (int rank = 0; rank < Size(); ++rank)
-    if (Method* const made = MadeAt(rank)) Tell(made, owner);
+  for (int rank = 0; rank < mSet->size; ++rank)
+    if (mBlock->made[rank] != nullptr) Tell(mBlock->made[rank], owner);
+  if (HasAdded())
+    for (Method* method : mBlock->added->methods) Tell(method, owner);
 }
+
+template void LazyMethods::Begin(const PredefinedSet&, Event*);
+template void LazyMethods::Begin(const PredefinedSet&, Process*);
+template void LazyMethods::Share(const LazyMethods&, Event*);
+template void LazyMethods::Share(const LazyMethods&, Process*);
+template void LazyMethods::Describe(Event*);
+template void LazyMethods::Describe(Process*);
 
 void LazyMethods::Forget() {
   LetGo();
@@ -149,18 +160,30 @@ void LazyMethods::Forget() {
 
 void LazyMethods::DestroyMethods() {
   if (g_KV_TraceNewDelMode != 0) MakeAll();  // so that their ends are traced
-  for (int rank = 0; rank < Size(); ++rank) {
-    if (Method* const made = MadeAt(rank))
+  int unmade = mSet->size;
+  int arguments = mSet->arguments;
+  if (mBlock != nullptr) {
+    for (int rank = 0; rank < mSet->size; ++rank) {
+      Method*& made = mBlock->made[rank];
+      if (made == nullptr) continue;
       DestroyMethod(made);
-    else
-      CountUnmade(mSet->rows[rank], 0, 1);
+      made = nullptr;  // for those who share it
+      --unmade;
+      arguments -= mSet->rows[rank].arguments;
+    }
+    if (HasAdded())
+      for (Method* method : mBlock->added->methods) DestroyMethod(method);
+    mBlock->added = nullptr;
   }
-  if (mBlock != nullptr) {  // for those who share it
-    std::memset(mBlock->made, 0, sizeof mBlock->made);
-    mBlock->added.erase();
-    mBlock->ranks.erase();
-  }
+  Method::CountUnmade(0, unmade);
+  Argument::CountUnmade(0, arguments);
   Forget();
+}
+
+void LazyMethods::FetchMethods() const {
+  if (mBlock == nullptr) return;
+  for (int rank = 0; rank < mSet->size; ++rank)
+    if (mBlock->made[rank] != nullptr) Prefetch(mBlock->made[rank], sizeof(VoidEventMethod));
 }
 
 void LazyMethods::LetGo() {

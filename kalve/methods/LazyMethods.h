@@ -11,7 +11,10 @@
 // methods alone, and the reads throw an `int` for an absent id.
 #pragma once
 
+#include <memory>
+
 #include "kalve/foundations/BlockPool.h"
+#include "kalve/foundations/Prefetch.h"
 #include "kalve/foundations/Tableau.h"
 #include "kalve/methods/MethodTable.h"
 #include "kalve/methods/PredefinedSet.h"
@@ -25,7 +28,8 @@ class LazyMethods {
 
   /// The owner, an event or a process, has the methods of a set; what was there must be the set's first
   /// rows. They describe the owner.
-  void Begin(const PredefinedSet& set, void* owner);
+  template <class Owner>
+  void Begin(const PredefinedSet& set, Owner* owner);
   /// Appends a method that is not there yet; its id leads to the last rank from now on. The owner has
   /// checked the method's kind, and tells it whom it describes. A negative id is an index failure of `where`.
   void Add(Method* method, const char* where);
@@ -35,7 +39,7 @@ class LazyMethods {
   /// The same if it has a body, else null.
   Method* WithBody(int id) const;
   /// Its rank, negative for none; throws an `int` for an id beyond the table.
-  int Rank(int id) const { return HasRanks() ? mBlock->ranks[id] : mSet->Rank(id); }
+  int Rank(int id) const { return HasAdded() ? mBlock->added->ranks[id] : mSet->Rank(id); }
   /// The method of lowest rank that has the name, or null.
   Method* Named(const char* name) const;
   /// All of them by rank, and the ranks by id.
@@ -51,15 +55,26 @@ class LazyMethods {
   /// Assigns each method of `source` to the method of the same rank; throws an `int` where there is none.
   void AssignMethods(const LazyMethods& source);
   /// Shares the source's methods in place of its own; they describe the owner.
-  void Share(const LazyMethods& source, void* owner);
+  template <class Owner>
+  void Share(const LazyMethods& source, Owner* owner);
   /// All methods describe the owner.
-  void Describe(void* owner);
+  template <class Owner>
+  void Describe(Owner* owner);
   /// Empties the table; the methods live on.
   void Forget();
   /// Destroys the methods and empties the table.
   void DestroyMethods();
 
+  /// Ask for the memory of what they look at: first the block, then what it says.
+  void FetchBlock() const { Prefetch(mBlock, mBlock != nullptr ? sizeof(Block) : 0); }
+  void FetchMethods() const;
+
  private:
+  struct Added {
+    Tableau<Method*> methods;
+    Tableau<int> ranks;  // of all methods
+  };
+
   /// What is not as the set says: the objects made so far, and the methods added.
   struct Block {
     static void* operator new(std::size_t size) { return pool.Take(size); }
@@ -69,23 +84,21 @@ class LazyMethods {
     int holders = 1;
     void* owner;  // whom the methods still to be made describe
     Method* made[PredefinedSet::most] = {};
-    Tableau<Method*> added;
-    Tableau<int> ranks;  // those of the set until a method is added
+    std::unique_ptr<Added> added;
   };
 
-  bool HasRanks() const { return mBlock != nullptr && !mBlock->ranks.empty(); }
-  int Size() const { return mSet->size + (mBlock != nullptr ? mBlock->added.size() : 0); }
+  bool HasAdded() const { return mBlock != nullptr && mBlock->added != nullptr; }
+  int Size() const { return mSet->size + (HasAdded() ? mBlock->added->methods.size() : 0); }
   Method* MadeAt(int rank) const {
     if (rank < 0) ThrowIndex(rank);
     if (mBlock == nullptr) return nullptr;
-    return rank < mSet->size ? mBlock->made[rank] : mBlock->added[rank - mSet->size];
+    return rank < mSet->size ? mBlock->made[rank] : mBlock->added->methods[rank - mSet->size];
   }
   Method* At(int rank) const {
     Method* const made = MadeAt(rank);
     return made != nullptr ? made : Make(rank);
   }
   Method* Make(int rank) const;
-  static void CountUnmade(const PredefinedRow& row, int constructions, int destructions);
   void MakeAll() const;
   Block& OwnBlock() const;
   void Part();

@@ -53,15 +53,9 @@ Method::~Method() {
 
 void Method::RemoveInstance(Method* /*method*/) { --mInstanceNumber; }
 
-void Method::CountUnmade(int constructions, int destructions) {
-  _nbConst += constructions;
-  _nbDest += destructions;
-  mInstanceNumber -= destructions;
-}
-
 char* Method::ClassName() const { return strdup(OrEmpty(mClassName)); }
 
-void Method::ClassShortComment(const char* comment) { mClassShortComment = std::string(OrEmpty(comment)); }
+void Method::ClassShortComment(const char* comment) { mClassShortComment.Set(OrEmpty(comment)); }
 
 // Arguments --------------------------------------------------------------------------------------------
 

@@ -11,10 +11,9 @@
 // A method belongs to one owner and owns its arguments.
 #pragma once
 
-#include <string>
-
 #include "kalve/foundations/BlockPool.h"
 #include "kalve/foundations/Enumerations.h"
+#include "kalve/foundations/RareText.h"
 #include "kalve/foundations/SharedConstants.h"
 #include "kalve/foundations/Tableau.h"
 #include "kalve/methods/ValueTypeSet.h"
@@ -39,7 +38,7 @@ class Method {
   void ClassName(const char* name) { mClassName = name; }
   /// The pointer itself, for searches.
   const char* StoredClassName() const { return mClassName; }
-  const char* ClassShortComment() const { return mClassShortComment.c_str(); }
+  const char* ClassShortComment() const { return mClassShortComment.Get(); }
   void ClassShortComment(const char* comment);
 
   // Body
@@ -94,7 +93,11 @@ class Method {
   /// Takes one off mInstanceNumber. Nothing adds to it: it runs below zero as methods die.
   static void RemoveInstance(Method* method);
   /// Methods that count without an object of their own (LazyMethods).
-  static void CountUnmade(int constructions, int destructions);
+  static void CountUnmade(int constructions, int destructions) {
+    _nbConst += constructions;
+    _nbDest += destructions;
+    mInstanceNumber -= destructions;
+  }
   static int mInstanceNumber;
 
  protected:
@@ -119,7 +122,7 @@ class Method {
   ValueTypeId mClassType;
   int mClassSymbol;
   const char* mClassName;
-  std::string mClassShortComment;
+  RareText mClassShortComment;
   Tableau<Argument*> mArgumentTab;
   Tableau<int> mDualArgumentTab;
   ErasedBody mBody = nullptr;

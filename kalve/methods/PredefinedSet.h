@@ -23,6 +23,7 @@ struct PredefinedSet {
     for (int rank = 0; rank < size; ++rank) {
       const int id = rows[rank].id;
       rankOf[id] = rank;
+      arguments += rows[rank].arguments;
       if (id >= ids) ids = id + 1;
     }
   }
@@ -36,6 +37,7 @@ struct PredefinedSet {
   int size;
   PredefinedRow rows[most];
   int ids = 0;
+  int arguments = 0;  ///< of all methods
   int rankOf[18] = {};
 };
 

@@ -17,8 +17,8 @@ constexpr const PredefinedSet& drawing =
 
 /// Stands for an event; the methods only keep its address.
 struct Owner {
-  Owner() { methods.Begin(drawing, this); }
-  explicit Owner(const Owner& other) { methods.Share(other.methods, this); }
+  Owner() { methods.Begin(drawing, Address()); }
+  explicit Owner(const Owner& other) { methods.Share(other.methods, Address()); }
   void AddMethod(Method* method) {
     methods.Add(method, "Owner::AddMethod");
     static_cast<EventMethod*>(method)->DescribedEvent(Address());
@@ -102,7 +102,7 @@ TEST(LazyMethods, SharingKeepsOneObjectWhoeverLooksFirst) {
   EXPECT_EQ(source.DescribedBy(UPDATE_NEXTEVENT), copy.Address());
   EXPECT_EQ(source.DescribedBy(IS_POPPING_TO_SUSPEND), copy.Address());  // made after the copy
   EXPECT_EQ(copy.methods[IS_POPPING_TO_SUSPEND], source.methods[IS_POPPING_TO_SUSPEND]);
-  source.methods.Describe(&source);
+  source.methods.Describe(source.Address());
   EXPECT_EQ(copy.DescribedBy(UPDATE_NEXTEVENT), source.Address());
   EXPECT_EQ(copy.DescribedBy(RANDOMIZE_THISEVENTCLOCKTIME), source.Address());
   copy.AddMethod(new VoidEventMethod(70, "de plus"));

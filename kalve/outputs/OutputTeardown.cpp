@@ -2,6 +2,7 @@
 #include <new>
 
 #include "kalve/model/BasicEntity.h"
+#include "kalve/outputs/DatabaseMDescOS.h"
 #include "kalve/outputs/OutputFileMDescOS.h"
 #include "kalve/outputs/OutputSpec.h"
 
@@ -16,6 +17,8 @@ void DestroyAs(MultipleDescriptorOS* writer) {
 void DeleteWriter(MultipleDescriptorOS* writer) {
   if (writer->GetSubClass() == MultipleDescriptorOS::textFile)
     DestroyAs<OutputFileMDescOS>(writer);
+  else if (writer->GetSubClass() == MultipleDescriptorOS::database)
+    DestroyAs<DatabaseMDescOS>(writer);
   else
     DestroyAs<MultipleDescriptorOS>(writer);
 }

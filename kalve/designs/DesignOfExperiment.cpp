@@ -16,6 +16,16 @@
 
 namespace {
 
+/// Runs `body`, in which an index out of range is the failure of `where`.
+template <class T, class Body>
+void WithIndexes(const char* where, const Tableau<T>& table, Body body) {
+  try {
+    body();
+  } catch (int index) {
+    FailOnIndex(where, table.size(), index);
+  }
+}
+
 template <class Item>
 void PrintJoined(int count, const char* joiner, Item printItem) {
   for (int i = 0; i < count; ++i) {
@@ -57,11 +67,9 @@ int SerialDesignOfExperiment::NextSimulationSettings() {
     mCurrentModalityIndex = 0;
     std::printf("\tretour \xc3\xa0 mCurrentModalityIndex = 0 pour '%s'", GetName());
   }
-  try {
+  WithIndexes("SerialDesignOfExperiment::NextSimulationSettings", mValues, [this] {
     for (int variable = 0; variable < mNbVariables; ++variable) ApplyVariable(variable);
-  } catch (int index) {
-    FailOnIndex("SerialDesignOfExperiment::NextSimulationSettings", mValues.size(), index);
-  }
+  });
   std::printf("\n\tFIN SED '%s'::NSS returns endReached = %d\n", GetName(), endReached ? 1 : 0);
   return endReached ? 1 : 0;
 }
@@ -103,23 +111,30 @@ void SerialDesignOfExperiment::ApplyVariable(int variable) const {
   pInitParameterGlobalVariables();
 }
 
+void SerialDesignOfExperiment::DisplayValue(int variable, int modality) const {
+  const UnifiedValue& value = ValueAt(variable, modality);
+  if (mParamTypes[variable] == INT) std::printf("%d", value.intValue);
+  if (mParamTypes[variable] == DOUBLE) std::printf("%f", value.doubleValue);
+  if (mParamTypes[variable] == STRING) std::printf("'%s'", value.stringValue);
+}
+
 void SerialDesignOfExperiment::Display() const {
-  PrintJoined(mNbModalities, " -> ", [this](int modality) {
-    std::printf("[");
-    PrintJoined(mNbVariables, " + ", [this, modality](int variable) {
-      const UnifiedValue& value = ValueAt(variable, modality);
-      if (mParamTypes[variable] == INT) std::printf("%d", value.intValue);
-      if (mParamTypes[variable] == DOUBLE) std::printf("%f", value.doubleValue);
-      if (mParamTypes[variable] == STRING) std::printf("'%s'", value.stringValue);
+  WithIndexes("SerialDesignOfExperiment::Display", mValues, [this] {
+    PrintJoined(mNbModalities, " -> ", [this](int modality) {
+      std::printf("[");
+      PrintJoined(mNbVariables, " + ", [this, modality](int variable) { DisplayValue(variable, modality); });
+      std::printf("]");
     });
-    std::printf("]");
   });
 }
 
 void SerialDesignOfExperiment::DisplayIds() const {
   std::printf("[");
-  PrintJoined(mNbVariables, " + ",
-              [this](int variable) { std::printf("'%s' '%s'", mParamIds1[variable], mParamIds2[variable]); });
+  WithIndexes("SerialDesignOfExperiment::DisplayIds", mParamIds1, [this] {
+    PrintJoined(mNbVariables, " + ", [this](int variable) {
+      std::printf("'%s' '%s'", mParamIds1[variable], mParamIds2[variable]);
+    });
+  });
   std::printf("]");
 }
 
@@ -152,11 +167,9 @@ FactorialDesignOfExperiment::~FactorialDesignOfExperiment() {
 int FactorialDesignOfExperiment::NextSimulationSettings() {
   std::printf("\nDEBUT FED::NSS index du SEDS courant = %d\n", mCurrentSerialExpeDesignIndex);
   bool goneAllOver = true;
-  try {
+  WithIndexes("FactorialDesignOfExperiment::NextSimulationSettings", mSerialDesigns, [&] {
     if (!mSerialDesigns.empty()) goneAllOver = Advance();
-  } catch (int index) {
-    FailOnIndex("FactorialDesignOfExperiment::NextSimulationSettings", mSerialDesigns.size(), index);
-  }
+  });
   std::printf("\nFIN FED::NSS goneAllOver = %d - la var qui vient de changer est d'index %d\n",
               goneAllOver ? 1 : 0, mCurrentSerialExpeDesignIndex);
   return goneAllOver ? K_INT_UNSIGNIFICANT : mNbReplications;

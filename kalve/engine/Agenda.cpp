@@ -136,8 +136,21 @@ int Simulation::DelayInAgendaEvents(Event* event, int delay) {
   return 1;
 }
 
+namespace {
+
+/// While an event runs, the memory of the next ones is on its way: in a large agenda it is far.
+void FetchNext(const Cell<Event*>* cell) {
+  for (int before = 0; before <= 3 && cell != nullptr; ++before, cell = cell->GetNextCell())
+    cell->GetItem()->Fetch(before);
+}
+
+constexpr int largeAgenda = 300;
+
+}  // namespace
+
 Event* Simulation::DepileAgendaEvents() {
   mCurrentlyPoppedEvent = mAgendaEvents.front();
+  if (mAgendaEvents.size() > largeAgenda) FetchNext(mAgendaEvents.HeadCell());
   FreeCell(mAgendaEvents.HeadCell());
   mCurrentlyPoppedEvent->RecordPop();
   return mCurrentlyPoppedEvent;

@@ -1,14 +1,11 @@
 #include "kalve/engine/AgendaIndex.h"
 
-#include <iterator>
-
 #include "kalve/engine/Event.h"
 
 AgendaIndex* AgendaIndex::sFirstIndex = nullptr;
 
 AgendaIndex::AgendaIndex(Liste<Event*>& agenda) : mAgenda(agenda), mNextIndex(sFirstIndex) {
   sFirstIndex = this;
-  mFences.emplace(infinite, nullptr);
 }
 
 AgendaIndex::~AgendaIndex() {
@@ -28,127 +25,141 @@ void AgendaIndex::SwitchOn(bool on) {
 }
 
 void AgendaIndex::Forget() {
-  for (auto fence = std::next(mFences.begin()); fence != mFences.end(); ++fence) MoveFence(fence, nullptr);
-  mFences.clear();
-  mFences.emplace(infinite, nullptr);
+  for (Fence fence = mFences.Last(); !IsFirst(fence); fence = mFences.Previous(fence))
+    MoveFence(fence, nullptr);
+  mFences.Clear();
 }
 
-AgendaIndex::AgendaCell* AgendaIndex::CellOf(Fences::const_iterator fence) const {
-  return fence == mFences.begin() ? Head() : fence->second;
+AgendaIndex::Fence AgendaIndex::Find(Key key) const {
+  if (mFoundAt != mFences.Changes() || mFoundKey != key) {
+    mFound = mFences.LowerBound(key);
+    mFoundKey = key;
+    mFoundAt = mFences.Changes();
+  }
+  return mFound;
 }
 
 // An event counts the fences on its cells, so that a removal knows without a search that there is none.
 
-void AgendaIndex::MoveFence(Fences::iterator fence, AgendaCell* cell) {
-  if (fence->second != nullptr) --fence->second->GetItem()->mFences;
-  fence->second = cell;
+void AgendaIndex::MoveFence(Fence fence, AgendaCell* cell) {
+  if (AgendaCell* const old = mFences.CellAt(fence)) --old->GetItem()->mFences;
+  mFences.SetCell(fence, cell);
   if (cell != nullptr) ++cell->GetItem()->mFences;
 }
 
-/// Nothing beside an equal bound.
-void AgendaIndex::AddFence(Fences::iterator behind, Key bound, AgendaCell* cell) {
-  if (behind != mFences.begin() && std::prev(behind)->first == bound) return;
-  const auto fence = mFences.emplace_hint(behind, bound, nullptr);
-  if (fence != mFences.begin()) MoveFence(fence, cell);
+/// In front of a fence with a greater bound, whose new place is answered. Nothing beside an equal bound; the
+/// first fence stands on the head by itself.
+AgendaIndex::Fence AgendaIndex::AddFence(Fence behind, Key bound, AgendaCell* cell) {
+  if (!IsFirst(behind) && mFences.Bound(mFences.Previous(behind)) == bound) return behind;
+  const Fence added = mFences.Insert(behind, bound, nullptr);
+  if (!IsFirst(added)) MoveFence(added, cell);
+  return mFences.Next(added);
 }
 
-/// The first fence stands on the head by itself.
-void AgendaIndex::FreeFirst() { MoveFence(mFences.begin(), nullptr); }
+/// Goes on to the fence behind.
+void AgendaIndex::DropFence(Fence& fence) {
+  MoveFence(fence, nullptr);
+  fence = mFences.Erase(fence);
+}
 
 AgendaIndex::AgendaCell* AgendaIndex::StartFor(const Event* event) const {
-  return CellOf(mFences.lower_bound(KeyOf(event)));
+  return CellOf(Find(KeyOf(event)));
 }
 
 /// The walk for `key` passed from `start` to `reached`: everything in front of `reached` has a smaller key.
 /// The fences passed become one, which is answered.
-AgendaIndex::Fences::iterator AgendaIndex::Walked(Key key, AgendaCell* start, AgendaCell* reached) {
-  const auto first = mFences.lower_bound(key);
-  if (start == reached) return first;
-  auto last = first;
+AgendaIndex::Fence AgendaIndex::Walked(Key key, AgendaCell* start, AgendaCell* reached) {
+  Fence fence = Find(key);
+  if (start == reached) return fence;
+  int passed = 0;
+  Fence last = fence;
   for (AgendaCell* cell = start; cell != reached;) {
     cell = cell->GetNextCell();
-    const auto next = std::next(last);
-    if (next != mFences.end() && next->second == cell) last = next;
+    if (last == mFences.Last() || mFences.CellAt(mFences.Next(last)) != cell) continue;
+    last = mFences.Next(last);
+    ++passed;
   }
-  for (auto fence = first; fence != last; fence = mFences.erase(fence)) MoveFence(fence, nullptr);
-  AddFence(last, key - 1, start);
-  return last;
+  for (; passed > 0; --passed) DropFence(fence);
+  return AddFence(fence, key - 1, start);
 }
 
 void AgendaIndex::InsertedBefore(AgendaCell* start, AgendaCell* cell) {
   if (!mIsOn) return;
   const Key key = KeyOf(cell->GetItem());
   AgendaCell* const moved = cell->GetNextCell();
-  if (FenceOn(cell, moved->GetItem()) != mFences.end()) {
+  Fence fence = Find(key);
+  const bool standsOnStart = start == cell && !IsFirst(fence);  // without a search
+  Fence onCell;
+  if (standsOnStart || HasFence(cell, moved->GetItem(), onCell)) {
     --moved->GetItem()->mFences;  // counted while its event stood in this cell
     ++cell->GetItem()->mFences;
   }
-  const auto fence = Walked(key, start, cell);
-  if (fence->first == key) {
-    if (fence != mFences.begin()) MoveFence(fence, cell);
+  fence = Walked(key, start, cell);
+  if (mFences.Bound(fence) == key) {
+    if (!IsFirst(fence)) MoveFence(fence, cell);
     return;
   }
-  AddFence(fence, key, cell);
-  if (fence != mFences.begin()) MoveFence(fence, moved);
+  fence = AddFence(fence, key, cell);
+  if (!IsFirst(fence)) MoveFence(fence, moved);
 }
 
 void AgendaIndex::InsertedBehindEqual(AgendaCell* start, AgendaCell* cell) {
   if (!mIsOn || start == cell) return;
-  const auto fence = Walked(KeyOf(cell->GetItem()), start, cell);
-  if (fence != mFences.begin()) MoveFence(fence, cell);
+  const Fence fence = Walked(KeyOf(cell->GetItem()), start, cell);
+  if (!IsFirst(fence)) MoveFence(fence, cell);
 }
 
 void AgendaIndex::InsertedAtTail(AgendaCell* start) {
   AgendaCell* const tail = mAgenda.TailCell();
   if (!mIsOn || tail == mAgenda.HeadCell()) return;
   const Key key = KeyOf(tail->GetItem());
-  auto fence = mFences.lower_bound(key);
+  Fence fence = Find(key);
   if (start != nullptr) {
     fence = Walked(key, start, tail);
-    if (std::next(fence) != mFences.end()) {  // the one behind the tail serves in its place
-      MoveFence(fence, nullptr);
-      fence = mFences.erase(fence);
-    }
+    if (fence != mFences.Last()) DropFence(fence);  // the one behind the tail serves in its place
   }
-  AddFence(fence, key, tail);
-  if (fence != mFences.begin()) MoveFence(fence, nullptr);
+  fence = AddFence(fence, key, tail);
+  if (!IsFirst(fence)) MoveFence(fence, nullptr);
 }
 
 void AgendaIndex::Appended() {
-  const auto last = std::prev(mFences.end());
-  if (!mIsOn || last == mFences.begin() || last->second != nullptr) return;
+  const Fence last = mFences.Last();
+  if (!mIsOn || IsFirst(last) || mFences.CellAt(last) != nullptr) return;
   AgendaCell* const tail = mAgenda.TailCell();
   const Key key = KeyOf(tail->GetItem());
-  if (key > std::prev(last)->first) AddFence(last, key, tail);
+  if (key > mFences.Bound(mFences.Previous(last))) AddFence(last, key, tail);
 }
 
 /// The fence on a cell, near the key of the event that it was set for, or else by a look at all of them.
-AgendaIndex::Fences::iterator AgendaIndex::FenceOn(AgendaCell* cell, const Event* event) {
-  if (event->mFences == 0) return mFences.end();
-  const auto near = mFences.lower_bound(KeyOf(event));
-  for (auto fence = near; fence != mFences.end(); ++fence)
-    if (fence->second == cell) return fence;
-  for (auto fence = mFences.begin(); fence != near; ++fence)
-    if (fence->second == cell) return fence;
-  return mFences.end();
+bool AgendaIndex::HasFence(AgendaCell* cell, const Event* event, Fence& fence) const {
+  if (event->mFences == 0) return false;
+  const Fence near = mFences.LowerBound(KeyOf(event));
+  for (fence = near; mFences.CellAt(fence) != cell; fence = mFences.Next(fence))
+    if (fence == mFences.Last()) break;
+  if (mFences.CellAt(fence) == cell) return true;
+  for (fence = near; !IsFirst(fence);) {
+    fence = mFences.Previous(fence);
+    if (mFences.CellAt(fence) == cell) return true;
+  }
+  return false;
 }
 
 void AgendaIndex::Removing(AgendaCell* cell) {
   if (!mIsOn) return;
   AgendaCell* const next = cell->GetNextCell();
   if (cell == mAgenda.HeadCell()) {
-    const auto second = std::next(mFences.begin());
-    if (second == mFences.end() || second->second != next) return;
-    mFences.erase(mFences.begin());
+    if (mFences.size() == 1 || mFences.CellAt(mFences.Next(mFences.First())) != next) return;
+    mFences.Erase(mFences.First());
     FreeFirst();
     return;
   }
-  const auto fence = FenceOn(cell, cell->GetItem());
-  if (fence == mFences.end()) return;
-  const auto following = std::next(fence);
-  const bool nextHasOne = following != mFences.end() && following->second == next;
-  MoveFence(fence, nextHasOne ? nullptr : next);
-  if (nextHasOne) mFences.erase(fence);
+  Fence fence;
+  if (!HasFence(cell, cell->GetItem(), fence)) return;
+  const bool nextHasOne = fence != mFences.Last() && mFences.CellAt(mFences.Next(fence)) == next;
+  if (nextHasOne)
+    DropFence(fence);
+  else
+    MoveFence(fence, next);
 }
 
 void AgendaIndex::KeyChanges(int oldClock, short oldPriority, int newClock, short newPriority) {
@@ -160,10 +171,10 @@ void AgendaIndex::KeyChanges(int oldClock, short oldPriority, int newClock, shor
 
 /// The fences with bounds from `from` to below `to` and the one behind them become one.
 void AgendaIndex::Merge(Key from, Key to) {
-  const auto first = mFences.lower_bound(from);
-  const auto last = mFences.lower_bound(to);
-  if (first == last) return;
-  MoveFence(last, first->second);
-  for (auto fence = first; fence != last; fence = mFences.erase(fence)) MoveFence(fence, nullptr);
+  Fence first = mFences.LowerBound(from);
+  if (mFences.Bound(first) >= to) return;
+  AgendaCell* const cell = mFences.CellAt(first);
+  while (mFences.Bound(first) < to) DropFence(first);
+  MoveFence(first, cell);
   FreeFirst();
 }

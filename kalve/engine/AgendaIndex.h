@@ -13,14 +13,11 @@
 // It serves the default predicate alone. With another one it is switched off and knows nothing.
 #pragma once
 
-#include <limits>
-#include <map>
-
-#include "kalve/foundations/Liste.h"
+#include "kalve/engine/AgendaFences.h"
 
 class AgendaIndex {
  public:
-  using AgendaCell = Cell<Event*>;
+  using AgendaCell = AgendaFences::AgendaCell;
 
   explicit AgendaIndex(Liste<Event*>& agenda);
   AgendaIndex(const AgendaIndex&) = delete;
@@ -56,23 +53,29 @@ class AgendaIndex {
 
  private:
   friend struct AgendaProbe;
-  using Key = long;
-  using Fences = std::map<Key, AgendaCell*>;  // the cell of the first one counts as the head
-  static constexpr Key infinite = std::numeric_limits<Key>::max();
+  using Key = AgendaFences::Key;
+  using Fence = AgendaFences::Place;
 
   static Key KeyOf(int clock, short priority) { return clock * 65536L + (priority + 32768L); }
   static Key KeyOf(const Event* event);
-  AgendaCell* CellOf(Fences::const_iterator fence) const;
+  Fence Find(Key key) const;
+  bool IsFirst(Fence fence) const { return fence == mFences.First(); }
+  AgendaCell* CellOf(Fence fence) const { return IsFirst(fence) ? Head() : mFences.CellAt(fence); }
   AgendaCell* Head() const { return mAgenda.HeadCell(); }
-  void MoveFence(Fences::iterator fence, AgendaCell* cell);
-  void AddFence(Fences::iterator behind, Key bound, AgendaCell* cell);
-  void FreeFirst();
-  Fences::iterator Walked(Key key, AgendaCell* start, AgendaCell* reached);
-  Fences::iterator FenceOn(AgendaCell* cell, const Event* event);
+  void MoveFence(Fence fence, AgendaCell* cell);
+  Fence AddFence(Fence behind, Key bound, AgendaCell* cell);
+  void DropFence(Fence& fence);
+  void FreeFirst() { MoveFence(mFences.First(), nullptr); }
+  bool HasFence(AgendaCell* cell, const Event* event, Fence& fence) const;
+  Fence Walked(Key key, AgendaCell* start, AgendaCell* reached);
   void Merge(Key from, Key to);
 
   Liste<Event*>& mAgenda;
-  Fences mFences;
+  AgendaFences mFences;  // the first one counts as standing on the head
+  // The last search, which an insertion repeats.
+  mutable Key mFoundKey = 0;
+  mutable Fence mFound;
+  mutable std::uint64_t mFoundAt = 0;
   bool mIsOn = true;
   AgendaIndex* mNextIndex;  // of all that live
   static AgendaIndex* sFirstIndex;

@@ -11,9 +11,8 @@ int ContinuousProcess::_nbDest = 0;
 
 ContinuousProcess::ContinuousProcess() {
   Subclass(CONTINUOUS_PROCESS);
-  AddMethod(new GoOneStepForwardProcess());
-  AddMethod(new InitializeProcess());
-  AddMethod(new StopProcess());
+  BeginMethods(predefinedSet<ProcessPrecondition, ProcessPostponementDelay, GoOneStepForwardProcess,
+                             InitializeProcess, StopProcess>);
 }
 
 ContinuousProcess::ContinuousProcess(int classSymbol) : ContinuousProcess(classSymbol, "ContinuousProcess") {}
@@ -29,7 +28,7 @@ ContinuousProcess::ContinuousProcess(const ContinuousProcess& other)
   ++_nbConst;
   if (g_KV_TraceNewDelMode != 0)
     std::cout << "++copy construction de CP " << ClassName() << " " << this << " <- " << &other;
-  MethodTable::CopyMethods(other.mMethods, {VOID, INT}, static_cast<Process&>(*this));
+  LazyMethods::CopyMethods(other.mMethods, {VOID, INT}, static_cast<Process&>(*this));
   TakeFlags(other);
 }
 
@@ -44,7 +43,8 @@ const ContinuousProcess& ContinuousProcess::operator=(const ContinuousProcess& o
   try {
     mMethods.AssignMethods(other.mMethods);
   } catch (int index) {
-    TabIndexOutOfRange(index, "ContinuousProcess::operator=", &mMethods.Methods(), index, true);
+    const Tableau<Method*> methods = mMethods.Methods();
+    TabIndexOutOfRange(index, "ContinuousProcess::operator=", &methods, index, true);
   }
   TakeFlags(other);
   return other;

@@ -61,6 +61,8 @@ class ContinuousProcess : public Process {
   static int getNbDest() { return _nbDest; }
 
  private:
+  int MustLeave(int nextClock, Event* event);
+  void Resume(int nextClock, Event* event);
   void TakeFlags(const ContinuousProcess& other);
 
   int mStep = 1;

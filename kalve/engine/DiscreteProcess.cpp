@@ -8,6 +8,7 @@
 
 int DiscreteProcess::_nbConst = 0;
 int DiscreteProcess::_nbDest = 0;
+constinit BlockPool DiscreteProcess::pool{sizeof(DiscreteProcess)};
 
 namespace {
 
@@ -18,7 +19,7 @@ constexpr ValueTypeSet copiedMethods = {VOID, INT};
 
 DiscreteProcess::DiscreteProcess() {
   Subclass(DISCRETE_PROCESS);
-  AddMethod(new ExecProcess());
+  BeginMethods(predefinedSet<ProcessPrecondition, ProcessPostponementDelay, ExecProcess>);
 }
 
 DiscreteProcess::DiscreteProcess(bool withoutMethod) : Process(withoutMethod) { Subclass(DISCRETE_PROCESS); }
@@ -36,7 +37,7 @@ DiscreteProcess::DiscreteProcess(const DiscreteProcess& other)
   ++_nbConst;
   if (g_KV_TraceNewDelMode != 0)
     std::cout << "++copy construction de DP " << ClassName() << " " << this << " <- " << &other;
-  MethodTable::CopyMethods(other.mMethods, copiedMethods, static_cast<Process&>(*this));
+  LazyMethods::CopyMethods(other.mMethods, copiedMethods, static_cast<Process&>(*this));
   TakeFlags(other);
 }
 
@@ -49,8 +50,7 @@ void DiscreteProcess::ShareWith(const DiscreteProcess& other) {
   mIsReadSDRec = other.mIsReadSDRec;
   mIsInitSDRec = other.mIsInitSDRec;
   AddInstance(other.ClassSymbol(), other.ClassName());
-  mMethods.Share(other.mMethods);
-  for (Method* method : mMethods.Methods()) static_cast<ProcessMethod*>(method)->DescribedProcess(this);
+  mMethods.Share(other.mMethods, static_cast<Process*>(this));
   TakeFlags(other);
 }
 
@@ -64,7 +64,8 @@ const DiscreteProcess& DiscreteProcess::operator=(const DiscreteProcess& other) 
   try {
     mMethods.AssignMethods(other.mMethods);
   } catch (int index) {
-    TabIndexOutOfRange(index, "DiscreteProcess::operator=", &mMethods.Methods(), index, true);
+    const Tableau<Method*> methods = mMethods.Methods();
+    TabIndexOutOfRange(index, "DiscreteProcess::operator=", &methods, index, true);
   }
   TakeFlags(other);
   return other;

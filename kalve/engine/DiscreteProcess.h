@@ -2,6 +2,7 @@
 #pragma once
 
 #include "kalve/engine/Process.h"
+#include "kalve/foundations/BlockPool.h"
 
 class DiscreteProcess : public Process {
  public:
@@ -21,6 +22,8 @@ class DiscreteProcess : public Process {
   ~DiscreteProcess();
   /// Destroys the methods, then destroys and frees the process as its true class. ProcessDispatch.cpp
   void DeleteInDepth();
+  static void* operator new(std::size_t size) { return pool.Take(size); }
+  static void operator delete(void* block) { pool.Give(block); }
   /// Replaces methods that describe another process by now with copies that describe this one.
   void TakeMethodsOfItsOwn();
 
@@ -42,6 +45,7 @@ class DiscreteProcess : public Process {
   int mIsReadSDRec = 0;
   int mIsInitSDRec = 0;
 
+  static BlockPool pool;
   static int _nbConst;
   static int _nbDest;
 };

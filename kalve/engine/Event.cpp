@@ -1,22 +1,35 @@
 #include "kalve/engine/Event.h"
 
-#include "kalve/engine/Process.h"
+#include "kalve/engine/DiscreteProcess.h"
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/InstanceName.h"
+#include "kalve/foundations/Prefetch.h"
 
 int Event::mInstanceNumber = 0;
 int Event::_nbConst = 0;
 int Event::_nbDest = 0;
+constinit BlockPool Event::pool{sizeof(Event)};
 
 void Event::AddInstance(int classSymbol, const char* className) {
   mThisInstanceNumber = ++mInstanceNumber;
   mClassSymbol = classSymbol;
   ClassName(className);
-  SetInstanceName(mClassName, mThisInstanceNumber);
+  mNameStem = mClassName;
+}
+
+const char* Event::InstanceName() const {
+  if (mNameStem != nullptr) mInstanceName.Set(ComposeInstanceName(mNameStem, mThisInstanceNumber));
+  mNameStem = nullptr;
+  return mInstanceName.Get();
+}
+
+void Event::SetInstanceName(const char* name) {
+  mInstanceName.Set(name);
+  mNameStem = nullptr;
 }
 
 void Event::SetInstanceName(const char* name, int number) {
-  mInstanceName = ComposeInstanceName(name, number);
+  SetInstanceName(ComposeInstanceName(name, number));
 }
 
 void Event::SetPriorityDegree(short degree) {
@@ -88,15 +101,32 @@ void Event::ClearListProcessAction() {
   for (StructProcessAction* couple : mListpProcessAction) {
     // Outside of an agenda the process may be gone already.
     if (mAgendas != 0 && couple->process != nullptr) couple->process->mAgendaCouples -= mAgendas;
-    delete couple;
   }
-  mListpProcessAction.erase();
+  mListpProcessAction.Clear();
+}
+
+void Event::Fetch(int eventsBefore) const {
+  const Process* const process =
+      eventsBefore < 3 && !mListpProcessAction.empty() ? mListpProcessAction[0]->process : nullptr;
+  switch (eventsBefore) {
+    case 3:
+      return Prefetch(this, sizeof *this);
+    case 2:
+      mMethods.FetchBlock();
+      return Prefetch(process, sizeof(DiscreteProcess));
+    case 1:
+      mMethods.FetchMethods();
+      if (process != nullptr) process->mMethods.FetchBlock();
+      return;
+    default:
+      if (process != nullptr) process->mMethods.FetchMethods();
+  }
 }
 
 /// Puts a couple at its rank; the process knows of the agendas in which it now waits.
-void Event::Append(StructProcessAction* couple, int rank) {
-  mListpProcessAction.insert(rank, couple);
-  if (couple->process != nullptr) couple->process->mAgendaCouples += mAgendas;
+void Event::Append(Process* process, ActionType action, int rank) {
+  mListpProcessAction.Insert(rank, process, action);
+  if (process != nullptr) process->mAgendaCouples += mAgendas;
 }
 
 void Event::StandInAgendas(int change) {

@@ -52,18 +52,16 @@ namespace {
 /// At least 1 goes, 0 postpones, negative gives up. A precondition without body lets go.
 int Precondition(Process* process) {
   if (process->HasPrecondition() == 0) return 1;
-  Method* method = process->GetMethod(PROCESS_PRECONDITION);
-  if (method == nullptr || !method->HasBodyAssigned()) return 1;
+  Method* method = process->GetMethodWithBody(PROCESS_PRECONDITION);
+  if (method == nullptr) return 1;
   return static_cast<ProcessMethod*>(method)->Call<int>();
 }
 
 /// By the method, or by the number when there is none with a body.
 int PostponementDelay(Process* process) {
-  if (process->HasPostponementDelay() != 0) {
-    Method* method = process->GetMethod(PROCESS_POSTPONEMENT_DELAY);
-    if (method != nullptr && method->HasBodyAssigned())
-      return process->ExecIntMethod(PROCESS_POSTPONEMENT_DELAY);
-  }
+  if (process->HasPostponementDelay() != 0 &&
+      process->GetMethodWithBody(PROCESS_POSTPONEMENT_DELAY) != nullptr)
+    return process->ExecIntMethod(PROCESS_POSTPONEMENT_DELAY);
   return process->PostponementDelay();
 }
 
@@ -137,35 +135,31 @@ void Event::Postpone(Process* process, int clock, Event*& result, int& inserted)
   inserted = pCurrentSim->InsertInAgendaEvents(copy);
   result = inserted != 0 ? copy : nullptr;
   if (inserted != 0) return;
-  for (Process* copied : copy->DistinctProcesses()) {
+  copy->ForEachProcess([](Process* copied) {
     if (copied->Subclass() == DISCRETE_PROCESS)
       DeleteProcessShallowly(copied);
     else
       DeleteProcessInDepth(copied);
-  }
+  });
   delete copy;
   DescribeByMethods();
 }
 
 void Event::DescribeByMethods() {
-  for (Method* method : mMethods.Methods()) static_cast<EventMethod*>(method)->DescribedEvent(this);
-  for (Process* process : DistinctProcesses())
-    for (Method* method : process->mMethods.Methods())
-      static_cast<ProcessMethod*>(method)->DescribedProcess(process);
+  mMethods.Describe(this);
+  ForEachProcess([](Process* process) { process->mMethods.Describe(process); });
 }
 
 int Event::GenerateNextEventCore() {
   const bool isGenerated = ExecCorePredicate(GENERATE_NEXTEVENT);
   Event* next = NextEvent();
   if (!isGenerated || next == nullptr) return isGenerated ? 1 : 0;
-  Method* define = GetMethod(DEFINE_NEXTEVENTCLOCKTIME);
-  if (define != nullptr && define->HasBodyAssigned()) {
+  if (Method* define = GetMethodWithBody(DEFINE_NEXTEVENTCLOCKTIME)) {
     define->SetArgValue(PREVIOUS_EVENT_ARGUMENT, this);
     next->SetOccurrenceClockTime(static_cast<EventMethod*>(define)->Call<int>());
     return 1;
   }
-  Method* update = GetMethod(UPDATE_NEXTEVENT);
-  if (update != nullptr && update->HasBodyAssigned()) {
+  if (Method* update = GetMethodWithBody(UPDATE_NEXTEVENT)) {
     update->SetArgValue(PREVIOUS_EVENT_ARGUMENT, this);
     static_cast<EventMethod*>(update)->Call<void>();
   }

@@ -27,7 +27,7 @@ void Event::AddProcessAction(Process* process, ActionType action) {
         process != nullptr && action == last.action && HasLowerStep(process, last.process);
     if (isSecondProceed || goesBack || hasLowerStep) UnexpectedAddToListProcessAction(this, process, action);
   }
-  Append(new StructProcessAction(process, action), mListpProcessAction.size());
+  Append(process, action, mListpProcessAction.size());
 }
 
 void Event::AddProcessAction(const char* processClassName, ActionType action) {
@@ -45,7 +45,8 @@ void Event::InsertProcessAction(Process* process, ActionType action) {
     if (action == PROCEED && last.action == PROCEED)
       UnexpectedInsertInListProcessAction(this, process, action);
   } catch (int index) {
-    VoidArray(index, "Event::InsertProcessAction", &mListpProcessAction, true);
+    const Tableau<StructProcessAction*> none;
+    VoidArray(index, "Event::InsertProcessAction", &none, true);
   }
   int rank = 0;
   for (; rank < mListpProcessAction.size(); ++rank) {
@@ -53,7 +54,7 @@ void Event::InsertProcessAction(Process* process, ActionType action) {
     if (action < couple.action) break;
     if (action == couple.action && process != nullptr && HasLowerStep(process, couple.process)) break;
   }
-  Append(new StructProcessAction(process, action), rank);
+  Append(process, action, rank);
 }
 
 void Event::InsertProcessAction(const char* processClassName, ActionType action) {

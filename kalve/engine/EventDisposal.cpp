@@ -15,12 +15,13 @@ void Process::LeaveAgendas() {
 }
 
 void Event::DeleteProcesses() {
-  for (Process* process : DistinctProcesses())
+  ForEachProcess([](Process* process) {
     if (process->mAgendaCouples == 0) DeleteProcessInDepth(process);
+  });
 }
 
 void Event::DeleteProcessesIfNeeded(bool inDepth) {
-  for (Process* process : DistinctProcesses()) {
+  ForEachProcess([inDepth](Process* process) {
     const bool isHeld = process->mAgendaCouples > 0;
     if (process->Subclass() == CONTINUOUS_PROCESS) {
       if (process->ToBeDeleted() != 0 && !isHeld) DeleteProcessInDepth(process);
@@ -33,5 +34,5 @@ void Event::DeleteProcessesIfNeeded(bool inDepth) {
       else if (!isHeld)
         DeleteProcessInDepth(process);
     }
-  }
+  });
 }

@@ -11,6 +11,26 @@
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/methods/PredefinedMethods.h"
 
+namespace {
+
+constexpr const PredefinedSet& allMethods =
+    predefinedSet<GenerateNextEvent, EventPostConsequence, UpdateNextEvent, DefineNextEventClockTime,
+                  RandomizeThisEventClockTime, RandomizeNextEventClockTime, IsPoppingToSuspend>;
+
+/// What two flags ask for, in front of the methods that every event has.
+template <class... Asked>
+constexpr const PredefinedSet& askedMethods =
+    predefinedSet<Asked..., RandomizeThisEventClockTime, RandomizeNextEventClockTime, IsPoppingToSuspend>;
+
+const PredefinedSet& MethodsFor(bool autoGenerate, bool postConsequence) {
+  if (autoGenerate && postConsequence)
+    return askedMethods<EventPostConsequence, GenerateNextEvent, UpdateNextEvent, DefineNextEventClockTime>;
+  if (autoGenerate) return askedMethods<GenerateNextEvent, UpdateNextEvent, DefineNextEventClockTime>;
+  return postConsequence ? askedMethods<EventPostConsequence> : askedMethods<>;
+}
+
+}  // namespace
+
 Event::Event() : Event(K_INT_UNSIGNIFICANT, "") {}
 
 Event::Event(const char* className) : Event(K_INT_UNSIGNIFICANT, className) {}
@@ -19,7 +39,7 @@ Event::Event(int classSymbol, const char* className) {
   ++_nbConst;
   AddInstance(classSymbol, className);
   TraceConstruction();
-  AddAllMethods();
+  mMethods.Begin(allMethods, this);
 }
 
 Event::Event(short priority, const char* className) {
@@ -27,7 +47,7 @@ Event::Event(short priority, const char* className) {
   SetPriorityDegree(priority);
   AddInstance(K_INT_UNSIGNIFICANT, className);
   TraceConstruction();
-  AddAllMethods();
+  mMethods.Begin(allMethods, this);
 }
 
 Event::Event(const char* className, int autoGenerate, int postConsequence)
@@ -35,29 +55,11 @@ Event::Event(const char* className, int autoGenerate, int postConsequence)
   ++_nbConst;
   AddInstance(K_INT_UNSIGNIFICANT, className);
   TraceConstruction();
-  if (postConsequence != 0) AddMethod(new EventPostConsequence());
-  if (autoGenerate != 0) {
-    AddMethod(new GenerateNextEvent());
-    AddMethod(new UpdateNextEvent());
-    AddMethod(new DefineNextEventClockTime());
-  }
-  AddMethod(new RandomizeThisEventClockTime());
-  AddMethod(new RandomizeNextEventClockTime());
-  AddMethod(new IsPoppingToSuspend());
+  mMethods.Begin(MethodsFor(autoGenerate != 0, postConsequence != 0), this);
 }
 
 Event::Event(bool withoutMethod) {
   if (!withoutMethod) std::printf("\nappel interdit du constructeur Event(withoutMethod)\n");
-}
-
-void Event::AddAllMethods() {
-  AddMethod(new GenerateNextEvent());
-  AddMethod(new EventPostConsequence());
-  AddMethod(new UpdateNextEvent());
-  AddMethod(new DefineNextEventClockTime());
-  AddMethod(new RandomizeThisEventClockTime());
-  AddMethod(new RandomizeNextEventClockTime());
-  AddMethod(new IsPoppingToSuspend());
 }
 
 void Event::TraceConstruction() const {
@@ -124,7 +126,7 @@ Event::Event(const Event& other) : mNextEvent(other.mNextEvent) {
   mIsPoppingToSuspend = other.mIsPoppingToSuspend;
   mIsPoppingToResume = other.mIsPoppingToResume;
   CopyCouples(other, CopyProcess);
-  MethodTable::CopyMethods(other.mMethods, {VOID, BOOLEAN, INT}, *this);
+  LazyMethods::CopyMethods(other.mMethods, {VOID, BOOLEAN, INT}, *this);
   mAutoGenerate = other.mAutoGenerate;
   mHasPostConsequence = other.mHasPostConsequence;
 }
@@ -136,8 +138,7 @@ Event* Event::RawCopy() {
   copy->AddInstance(mClassSymbol, mClassName);
   copy->CopyCouples(
       *this, [](Process* process) -> Process* { return static_cast<DiscreteProcess*>(process)->RawCopy(); });
-  copy->mMethods.Share(mMethods);
-  for (Method* method : copy->mMethods.Methods()) static_cast<EventMethod*>(method)->DescribedEvent(copy);
+  copy->mMethods.Share(mMethods, copy);
   copy->TakeFlags(*this);
   return copy;
 }
@@ -153,7 +154,8 @@ const Event& Event::operator=(const Event& other) {
   try {
     mMethods.AssignMethods(other.mMethods);
   } catch (int index) {
-    TabIndexOutOfRange(index, "Event::operator=", &mMethods.Methods(), index, true);
+    const Tableau<Method*> methods = mMethods.Methods();
+    TabIndexOutOfRange(index, "Event::operator=", &methods, index, true);
   }
   TakeFlags(other);
   return other;

@@ -6,23 +6,38 @@
 
 void Event::AddMethod(Method* method) {
   if (method->ObjectClass() != KV_EVENT) return;
-  if (const int id = method->ClassSymbol(); id < 0)
-    return TabIndexOutOfRange(id, "Event::AddMethod", &mMethods.Ranks(), id, true);
+  if (const int id = method->ClassSymbol(); id < 0) return ReportAbsent(id, "Event::AddMethod");
   mMethods.Add(method, "Event::AddMethod");
   static_cast<EventMethod*>(method)->DescribedEvent(this);
+}
+
+void Event::ReportAbsent(int id, const char* caller) const {
+  const Tableau<int> ranks = mMethods.Ranks();
+  TabIndexOutOfRange(id, caller, &ranks, id, true);
 }
 
 /// The method of an id; its absence is reported under the caller's name and answers null.
 Method* Event::MethodOr(int id, const char* caller) {
   try {
     return mMethods[id];
-  } catch (int index) {
-    TabIndexOutOfRange(index, caller, &mMethods.Ranks(), id, true);
+  } catch (int) {
+    ReportAbsent(id, caller);
+    return nullptr;
+  }
+}
+
+/// The same, and null for a method without body.
+Method* Event::MethodWithBody(int id, const char* caller) {
+  try {
+    return mMethods.WithBody(id);
+  } catch (int) {
+    ReportAbsent(id, caller);
     return nullptr;
   }
 }
 
 Method* Event::GetMethod(int id) { return MethodOr(id, "Event::GetMethod"); }
+Method* Event::GetMethodWithBody(int id) { return MethodWithBody(id, "Event::GetMethod"); }
 
 template <class Body>
 void Event::Assign(int id, Body body) {
@@ -43,7 +58,7 @@ void Event::SetEventArgValue(int methodId, int argumentId, Event* value) {
 
 template <class Result>
 Result Event::Exec(int id, const char* caller) {
-  Method* method = MethodOr(id, caller);
+  Method* method = MethodWithBody(id, caller);
   return method != nullptr ? static_cast<EventMethod*>(method)->Call<Result>() : Result();
 }
 

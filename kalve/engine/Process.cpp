@@ -12,10 +12,7 @@
 InstanceTable<Process, Process::Ranks> Process::mpInstanceTab{Process::Ranks()};
 int Process::mInstanceNumber = 0;
 
-Process::Process() {
-  AddMethod(new ProcessPrecondition());
-  AddMethod(new ProcessPostponementDelay());
-}
+Process::Process() { BeginMethods(predefinedSet<ProcessPrecondition, ProcessPostponementDelay>); }
 
 Process::Process(bool withoutMethod) {
   if (!withoutMethod) std::printf("\nappel interdit du constructeur Process(withoutMethod)\n");
@@ -60,7 +57,7 @@ void Process::AddInstance(int classSymbol, const char* className) {
   mThisInstanceNumber = ++mInstanceNumber;
   mClassSymbol = classSymbol;
   ClassName(className);
-  SetInstanceName(className, mThisInstanceNumber);
+  mNameStem = className;
 }
 
 void Process::RemoveInstance(Process* process) {
@@ -78,8 +75,19 @@ Process* Process::GetInstance(int rank) {
   }
 }
 
+const char* Process::InstanceName() const {
+  if (mNameStem != nullptr) mInstanceName.Set(ComposeInstanceName(mNameStem, mThisInstanceNumber));
+  mNameStem = nullptr;
+  return mInstanceName.Get();
+}
+
+void Process::SetInstanceName(const char* name) {
+  mInstanceName.Set(name);
+  mNameStem = nullptr;
+}
+
 void Process::SetInstanceName(const char* name, int number) {
-  mInstanceName = ComposeInstanceName(name, number);
+  SetInstanceName(ComposeInstanceName(name, number));
 }
 
 // Precondition and delay
@@ -98,23 +106,38 @@ void Process::SetPostponementDelay(IntBody body) {
 
 void Process::AddMethod(Method* method) {
   if (method->ObjectClass() != KV_PROCESS) return;
-  if (const int id = method->ClassSymbol(); id < 0)
-    return TabIndexOutOfRange(id, "Process::AddMethod", &mMethods.Ranks(), id, true);
+  if (const int id = method->ClassSymbol(); id < 0) return ReportAbsent(id, "Process::AddMethod");
   mMethods.Add(method, "Process::AddMethod");
   static_cast<ProcessMethod*>(method)->DescribedProcess(this);
+}
+
+void Process::ReportAbsent(int id, const char* caller) const {
+  const Tableau<int> ranks = mMethods.Ranks();
+  TabIndexOutOfRange(id, caller, &ranks, id, true);
 }
 
 /// The method of an id; its absence is reported under the caller's name and answers null.
 Method* Process::MethodOr(int id, const char* caller) {
   try {
     return mMethods[id];
-  } catch (int index) {
-    TabIndexOutOfRange(index, caller, &mMethods.Ranks(), id, true);
+  } catch (int) {
+    ReportAbsent(id, caller);
+    return nullptr;
+  }
+}
+
+/// The same, and null for a method without body.
+Method* Process::MethodWithBody(int id, const char* caller) {
+  try {
+    return mMethods.WithBody(id);
+  } catch (int) {
+    ReportAbsent(id, caller);
     return nullptr;
   }
 }
 
 Method* Process::GetMethod(int id) { return MethodOr(id, "Process::GetMethod"); }
+Method* Process::GetMethodWithBody(int id) { return MethodWithBody(id, "Process::GetMethod"); }
 
 void Process::AssignBody(int id, VoidBody body) {
   if (Method* method = MethodOr(id, "Process::AssignBody"))
@@ -136,12 +159,12 @@ void Process::SetEntityArgValue(int methodId, int argumentId, BasicEntity* value
 }
 
 void Process::ExecVoidCoreMethod(int id) {
-  if (Method* method = MethodOr(id, "Process::ExecVoidCoreMethod"))
+  if (Method* method = MethodWithBody(id, "Process::ExecVoidCoreMethod"))
     static_cast<ProcessMethod*>(method)->Call<void>();
 }
 
 int Process::ExecIntCoreMethod(int id) {
-  Method* method = MethodOr(id, "Process::ExecIntCoreMethod");
+  Method* method = MethodWithBody(id, "Process::ExecIntCoreMethod");
   return method != nullptr ? static_cast<ProcessMethod*>(method)->Call<int>() : 0;
 }
 

@@ -9,12 +9,12 @@
 #pragma once
 
 #include <new>
-#include <string>
 
 #include "kalve/foundations/Enumerations.h"
 #include "kalve/foundations/InstanceTable.h"
+#include "kalve/foundations/RareText.h"
 #include "kalve/foundations/SharedConstants.h"
-#include "kalve/methods/MethodTable.h"
+#include "kalve/methods/LazyMethods.h"
 
 class Process {
  public:
@@ -35,7 +35,10 @@ class Process {
   template <class Class>
   static void Free(Class* process) {
     process->~Class();
-    ::operator delete(static_cast<void*>(process));
+    if constexpr (requires(void* block) { Class::operator delete(block); })
+      Class::operator delete(process);
+    else
+      ::operator delete(static_cast<void*>(process));
   }
 
   // Identity
@@ -47,8 +50,8 @@ class Process {
   void ClassName(const char* name);
   /// Rank of the process among those alive when it was made, from 1: it can recur within a run.
   int ProcessInstanceNumber() const { return mThisInstanceNumber; }
-  const char* InstanceName() const { return mInstanceName.c_str(); }
-  void SetInstanceName(const char* name) { mInstanceName = name; }
+  const char* InstanceName() const;
+  void SetInstanceName(const char* name);
   /// "name_number".
   void SetInstanceName(const char* name, int number);
   /// Enters the table of living processes and gives number, class and name.
@@ -110,6 +113,8 @@ class Process {
   /// Ignores methods that are not for processes.
   void AddMethod(Method* method);
   Method* GetMethod(int id);
+  /// The same, and null for a method without body.
+  Method* GetMethodWithBody(int id);
   /// The first of that name, or null.
   Method* GetMethod(const char* name) const { return mMethods.Named(name); }
   Tableau<Method*> MethodTab() const { return mMethods.Methods(); }
@@ -136,10 +141,14 @@ class Process {
  protected:
   /// What every raw copy and assignment takes beyond the copy constructor.
   void TakeBinding(const Process& other);
+  /// The predefined methods of a derived class, those of this one first.
+  void BeginMethods(const PredefinedSet& set) { mMethods.Begin(set, this); }
+  void ReportAbsent(int id, const char* caller) const;
   Method* MethodOr(int id, const char* caller);
+  Method* MethodWithBody(int id, const char* caller);
   BasicEntity* BoundOrSpecifiedEntity();
 
-  MethodTable mMethods;
+  LazyMethods mMethods;
 
  private:
   friend class Event;
@@ -150,7 +159,8 @@ class Process {
   int mClassSymbol = K_INT_UNSIGNIFICANT;
   const char* mClassName = "";
   int mThisInstanceNumber = 0;
-  std::string mInstanceName;
+  mutable RareText mInstanceName;
+  mutable const char* mNameStem = nullptr;  // of a name that is composed when it is first read
   BasicEntity* mProcessedEntity = nullptr;
   int mProcessedEntityClassId = 0;
   int mHasProcessedEntity = 0;

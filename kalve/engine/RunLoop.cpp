@@ -137,9 +137,8 @@ void Simulation::RunCore(int& iteration) {
   mEventInHand = event;
   Event* result = event->ApplyConsequences();
   if (result == event && event->HasPostConsequence() != 0) {
-    Method* method = event->GetMethod(EVENT_POSTCONSEQUENCE);
-    if (method == nullptr || !method->HasBodyAssigned())
-      UnspecifiedPredefinedMethod("postconsequence", event);
+    Method* method = event->GetMethodWithBody(EVENT_POSTCONSEQUENCE);
+    if (method == nullptr) UnspecifiedPredefinedMethod("postconsequence", event);
     static_cast<EventMethod*>(method)->Call<void>();
   }
   DisposeOf(event, result);
@@ -158,19 +157,10 @@ void Simulation::DisposeOf(Event* event, Event* result) {
     event->DeleteInDepth();
 }
 
-namespace {
-
-bool HasBody(Event* event, int methodId) {
-  Method* method = event->GetMethod(methodId);
-  return method != nullptr && method->HasBodyAssigned();
-}
-
-}  // namespace
-
 void Simulation::DisposeOfGenerating(Event* event) {
-  const bool generates = HasBody(event, GENERATE_NEXTEVENT);
-  const bool updates = HasBody(event, UPDATE_NEXTEVENT);
-  const bool defines = HasBody(event, DEFINE_NEXTEVENTCLOCKTIME);
+  const bool generates = event->GetMethodWithBody(GENERATE_NEXTEVENT) != nullptr;
+  const bool updates = event->GetMethodWithBody(UPDATE_NEXTEVENT) != nullptr;
+  const bool defines = event->GetMethodWithBody(DEFINE_NEXTEVENTCLOCKTIME) != nullptr;
   if (!generates && !updates && !defines) UnspecifiedPredefinedMethod("autogeneration", event);
   Event* next = event->GenerateNextEventCore() != 0 ? event->NextEvent() : nullptr;
   if (next == nullptr) {

@@ -12,11 +12,6 @@ int g_KV_actionLog_begClock = 0;
 int g_KV_actionLog_endClock = -1;
 int gTraceActionMode = 0;
 
-int UpdateActionLog(int clock) {
-  g_KV_actionLog = clock >= g_KV_actionLog_begClock && clock <= g_KV_actionLog_endClock ? 1 : 0;
-  return g_KV_actionLog;
-}
-
 BasicEntity* Simulation::SimulatedBasicEntity() const {
   if (mSimulatedEntity == nullptr) NoSimulatedEntity();
   return mSimulatedEntity;

@@ -56,8 +56,11 @@ class Simulation {
   void PushBackToAgendaEvents(Event* event);
   void AssignBeforeInAgendaMethod(BeforeInAgenda before);
   void DisplayAgendaEvents();
-  /// Whether the head stands before `event` by the placement predicate. The agenda must not be empty.
-  bool IsFrontBefore(Event* event) const { return mBeforeInAgenda(mAgendaEvents.front(), event) != 0; }
+  /// The head, null in an empty agenda.
+  Event* FrontEvent() const { return mAgendaEvents.empty() != 0 ? nullptr : mAgendaEvents.front(); }
+  /// Whether `a` must stand before `b`, by the placement predicate.
+  bool IsPlacedBefore(Event* a, Event* b) const { return mBeforeInAgenda(a, b) != 0; }
+  bool HasDefaultPlacement() const { return mAgendaIndex.IsOn(); }
   /// The event that is being applied, null between two events.
   Event* EventInHand() const { return mEventInHand; }
   /// The event popped last, null before the first; it is freed once it has been applied.
@@ -235,7 +238,10 @@ extern int g_KV_actionLog_endClock;
 extern int gTraceActionMode;
 
 /// Sets g_KV_actionLog for a clock and answers it.
-int UpdateActionLog(int clock);
+inline int UpdateActionLog(int clock) {
+  g_KV_actionLog = clock >= g_KV_actionLog_begClock && clock <= g_KV_actionLog_endClock ? 1 : 0;
+  return g_KV_actionLog;
+}
 
 /// Order of the agenda: the smaller date first, then the smaller priority number. Equal events are not
 /// before each other: gEquallyPlacedEventFlag tells.

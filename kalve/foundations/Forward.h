@@ -83,6 +83,9 @@ class EventMethod;
 class MonitorMethod;
 class EntitySpecMethod;
 class MethodTable;
+class LazyMethods;
+struct PredefinedRow;
+struct PredefinedSet;
 class VoidEntityMethod;
 class EntityPredicate;
 class IntEntityMethod;
@@ -151,6 +154,7 @@ class DescEntityValueSpec;
 // The engine.
 class Simulation;
 class Event;
+class AgendaFences;
 class Process;
 class DiscreteProcess;
 class ContinuousProcess;

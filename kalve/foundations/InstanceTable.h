@@ -2,8 +2,8 @@
 //
 // Whoever reads sees a dense Tableau. Underneath, a removal only leaves a hole at the rank that the instance
 // keeps, so that it costs the same in a table of any size; the holes are squeezed out before a read, and
-// when they are half of the table. Once Shared() has handed the table out, its holder would meet the holes:
-// from then on every removal closes the gap at once.
+// when they are three quarters of the table. Once Shared() has handed the table out, its holder would meet
+// the holes: from then on every removal closes the gap at once.
 //
 // Ranks says where an instance keeps its rank: `RankOf(item)` (any number when it keeps none),
 // `Keep(item, from, to)` (`from` is -9 for a new instance) and `Forget(item, rank)`.
@@ -64,7 +64,7 @@ bool InstanceTable<T, Ranks>::Remove(T* item) {
     mItems.remove(position);
   } else {
     mItems[position] = nullptr;
-    if (2 * ++mHoles > mItems.size()) Squeeze();
+    if (++mHoles > mItems.size() / 4 * 3) Squeeze();
   }
   return true;
 }
@@ -100,12 +100,14 @@ int InstanceTable<T, Ranks>::PositionOf(T* item) const {
 
 template <class T, class Ranks>
 void InstanceTable<T, Ranks>::Squeeze() const {
-  Tableau<T*> dense(mItems.size() - mHoles);
-  for (int from = mFirst; from < mItems.size(); ++from) {
-    if (mItems[from] == nullptr) continue;
-    if (from != dense.size()) mRanks.Keep(mItems[from], from, dense.size());
-    dense.push_back(mItems[from]);
+  T** const items = mItems.begin();
+  const int end = mItems.size();
+  mItems.erase();  // what follows writes at or in front of what it reads
+  for (int from = mFirst; from < end; ++from) {
+    T* const item = items[from];
+    if (item == nullptr) continue;
+    if (from != mItems.size()) mRanks.Keep(item, from, mItems.size());
+    mItems.push_back(item);
   }
-  mItems = dense;
   mHoles = mFirst = 0;
 }

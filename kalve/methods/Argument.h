@@ -35,6 +35,11 @@ class Argument {
   /// Constructions, copies included, and destructions.
   static int getNbConst() { return _nbConst; }
   static int getNbDest() { return _nbDest; }
+  /// Arguments that count without an object of their own, as their methods do.
+  static void CountUnmade(int constructions, int destructions) {
+    _nbConst += constructions;
+    _nbDest += destructions;
+  }
 
  protected:
   Argument(ValueTypeId type, int id, const char* name);

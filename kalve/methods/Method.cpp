@@ -11,6 +11,7 @@
 int Method::mInstanceNumber = 0;
 int Method::_nbConst = 0;
 int Method::_nbDest = 0;
+constinit BlockPool Method::pool{sizeof(VoidEventMethod)};
 
 Method::Method(ObjectClassId branch, ValueTypeId type, int id, const char* name)
     : mObjectClass(branch), mClassType(type), mClassSymbol(id), mClassName(name) {
@@ -54,7 +55,7 @@ void Method::RemoveInstance(Method* /*method*/) { --mInstanceNumber; }
 
 char* Method::ClassName() const { return strdup(OrEmpty(mClassName)); }
 
-void Method::ClassShortComment(const char* comment) { mClassShortComment = std::string(OrEmpty(comment)); }
+void Method::ClassShortComment(const char* comment) { mClassShortComment.Set(OrEmpty(comment)); }
 
 // Arguments --------------------------------------------------------------------------------------------
 

@@ -11,9 +11,9 @@
 // A method belongs to one owner and owns its arguments.
 #pragma once
 
-#include <string>
-
+#include "kalve/foundations/BlockPool.h"
 #include "kalve/foundations/Enumerations.h"
+#include "kalve/foundations/RareText.h"
 #include "kalve/foundations/SharedConstants.h"
 #include "kalve/foundations/Tableau.h"
 #include "kalve/methods/ValueTypeSet.h"
@@ -22,6 +22,8 @@ class Method {
  public:
   Method& operator=(const Method&) = delete;
   ~Method();
+  static void* operator new(std::size_t size) { return pool.Take(size); }
+  static void operator delete(void* block) { pool.Give(block); }
 
   // Identity
   int ObjectClass() const { return mObjectClass; }
@@ -36,7 +38,7 @@ class Method {
   void ClassName(const char* name) { mClassName = name; }
   /// The pointer itself, for searches.
   const char* StoredClassName() const { return mClassName; }
-  const char* ClassShortComment() const { return mClassShortComment.c_str(); }
+  const char* ClassShortComment() const { return mClassShortComment.Get(); }
   void ClassShortComment(const char* comment);
 
   // Body
@@ -90,6 +92,12 @@ class Method {
   static int getNbDest() { return _nbDest; }
   /// Takes one off mInstanceNumber. Nothing adds to it: it runs below zero as methods die.
   static void RemoveInstance(Method* method);
+  /// Methods that count without an object of their own (LazyMethods).
+  static void CountUnmade(int constructions, int destructions) {
+    _nbConst += constructions;
+    _nbDest += destructions;
+    mInstanceNumber -= destructions;
+  }
   static int mInstanceNumber;
 
  protected:
@@ -114,11 +122,12 @@ class Method {
   ValueTypeId mClassType;
   int mClassSymbol;
   const char* mClassName;
-  std::string mClassShortComment;
+  RareText mClassShortComment;
   Tableau<Argument*> mArgumentTab;
   Tableau<int> mDualArgumentTab;
   ErasedBody mBody = nullptr;
 
+  static BlockPool pool;  // for most leaves, which have a pointer more
   static int _nbConst;
   static int _nbDest;
 };

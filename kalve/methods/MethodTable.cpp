@@ -15,7 +15,7 @@ Method* NewMethodCopy(const Method& source, ValueTypeSet kept) {
 
 void DestroyMethod(Method* method) {
   method->~Method();  // branches and leaves have nothing of their own to destroy
-  ::operator delete(method);
+  Method::operator delete(method);
 }
 
 void MethodTable::Add(Method* method, const char* where) {
@@ -29,16 +29,6 @@ Method* MethodTable::Named(const char* name) const {
   for (Method* method : mMethodTab)
     if (std::strcmp(OrEmpty(method->StoredClassName()), OrEmpty(name)) == 0) return method;
   return nullptr;
-}
-
-void MethodTable::AssignMethods(const MethodTable& source) {
-  for (int rank = 0; rank < source.mMethodTab.size(); ++rank)
-    AssignMethod(*mMethodTab[rank], *source.mMethodTab[rank]);
-}
-
-void MethodTable::Share(const MethodTable& source) {
-  mMethodTab = source.mMethodTab;
-  mDualMethodTab = source.mDualMethodTab;
 }
 
 void MethodTable::Forget() {

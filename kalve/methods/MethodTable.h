@@ -1,7 +1,7 @@
 // The methods of an owner (entity, event, process, monitor, entity specification) by rank and by id.
 //
 // The table says where a method is, not whose: an owner destroys its methods with DestroyMethods, or drops
-// the pointers with Forget when another owner shares them. What an absent id means is the owner's affair:
+// the pointers with Forget. What an absent id means is the owner's affair:
 // the reads throw an `int`, as a Tableau does.
 #pragma once
 
@@ -40,10 +40,6 @@ class MethodTable {
     for (Method* method : source.mMethodTab)
       if (Method* copy = NewMethodCopy(*method, kept)) owner.AddMethod(copy);
   }
-  /// Assigns each method of `source` to the method of the same rank; throws an `int` where there is none.
-  void AssignMethods(const MethodTable& source);
-  /// Takes the source's pointers in place of its own.
-  void Share(const MethodTable& source);
   /// Empties the table; the methods live on.
   void Forget();
   /// Destroys the methods and empties the table.

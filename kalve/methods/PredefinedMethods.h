@@ -10,6 +10,11 @@
 template <class Leaf, int id, FixedText className, typename Leaf::Body defaultBody, class... Arguments>
 class PredefinedMethod : public Leaf {
  public:
+  static constexpr int predefinedId = id;
+  static constexpr const char* predefinedName = className.text;
+  static constexpr int argumentCount = sizeof...(Arguments);
+  static constexpr bool hasDefaultBody = defaultBody != nullptr;
+
   PredefinedMethod() : Leaf(id, className.text) {
     (this->AddArg(new Arguments), ...);
     this->AssignBody(defaultBody);

@@ -157,6 +157,10 @@ void DescValueMonitor::AddInstance(DescValueMonitor* monitor) {
   ++mInstanceNumber;
 }
 
+DescValueMonitor* DescValueMonitor::GetInstance(int rank) {
+  return InstanceAt(mpInstanceTab, rank, "DescValueMonitor::GetInstance");
+}
+
 int DescValueMonitor::GetPosition(DescValueMonitor* monitor) { return mpInstanceTab.position(monitor); }
 
 void DescValueMonitor::RemoveInstance(DescValueMonitor* monitor) {

@@ -241,15 +241,16 @@ Selection::DescriptorKey Selection::KeyOf(const ValueCondition& condition) const
                   Text("%s : le descripteur est de type %s", shown.c_str(), TypeWord(ValueTypeId{type})));
     return {GetDescriptorSymbol(classId, name), ValueTypeId{type}};
   }
-  const Tableau<BasicEntity*>* instances = GetEntityList(classId);
-  const bool isInhabited = instances != nullptr && !instances->empty();
-  if (condition.type == VOID && !isInhabited)
+  const MetaClass* const metaClass = GetMetaClass(classId);
+  const BasicEntity* const instance =
+      metaClass != nullptr && metaClass->InstanceNumber() > 0 ? metaClass->GetInstance(0) : nullptr;
+  if (condition.type == VOID && instance == nullptr)
     FaultInFile(condition.where, Text("%s : la classe n'a pas d'instance, le type doit être écrit (%s)",
                                       shown.c_str(), typeWords));
   const int id = condition.type != VOID ? NumberOf(condition.descriptor) : K_INT_UNSIGNIFICANT;
   if (id >= 0) return {id, condition.type};
   AnnounceFault(condition.where, shown + " : descripteur inconnu");
-  if (!isInhabited || instances->front()->EntityType() < KV_DESCRIPTED_ENTITY)
+  if (instance == nullptr || instance->EntityType() < KV_DESCRIPTED_ENTITY)
     UnknownClassName("K_EnumToInt", name);
-  InexistantDescriptor(static_cast<const DescriptedEntity*>(instances->front()), K_INT_UNSIGNIFICANT, name);
+  InexistantDescriptor(static_cast<const DescriptedEntity*>(instance), K_INT_UNSIGNIFICANT, name);
 }

@@ -24,15 +24,25 @@ struct AgendaProbe {
       highestBefore.push_back(std::max(highestBefore.back(), AgendaIndex::KeyOf(cell->GetItem())));
     }
     std::map<const Event*, int> fencesOn;
-    ASSERT_EQ(index.mFences.rbegin()->first, AgendaIndex::infinite);
-    ASSERT_EQ(index.mFences.begin()->second, nullptr);
-    for (auto fence = std::next(index.mFences.begin()); fence != index.mFences.end(); ++fence) {
-      ASSERT_TRUE(rankOf.contains(fence->second)) << "a fence stands on a freed cell";
-      const int rank = rankOf[fence->second];
-      ASSERT_LE(highestBefore[static_cast<std::size_t>(rank)], std::prev(fence)->first);
-      ASSERT_LE(rankOf[index.CellOf(std::prev(fence))], rank);
-      if (fence->second != nullptr) ++fencesOn[fence->second->GetItem()];
+    const AgendaFences& fences = index.mFences;
+    ASSERT_EQ(fences.Bound(fences.Last()), AgendaFences::infinite);
+    ASSERT_EQ(fences.CellAt(fences.First()), nullptr);
+    std::size_t count = 1;
+    for (auto fence = fences.First(); fence != fences.Last(); ++count) {
+      const AgendaFences::Place before = fence;
+      fence = fences.Next(fence);
+      ASSERT_EQ(fences.Previous(fence), before);
+      ASSERT_LT(fences.Bound(before), fences.Bound(fence));
+      ASSERT_EQ(fences.LowerBound(fences.Bound(fence)), fence);
+      ASSERT_EQ(fences.LowerBound(fences.Bound(before) + 1), fence);
+      auto* const cell = fences.CellAt(fence);
+      ASSERT_TRUE(rankOf.contains(cell)) << "a fence stands on a freed cell";
+      const int rank = rankOf[cell];
+      ASSERT_LE(highestBefore[static_cast<std::size_t>(rank)], fences.Bound(before));
+      ASSERT_LE(rankOf[index.CellOf(before)], rank);
+      if (cell != nullptr) ++fencesOn[cell->GetItem()];
     }
+    ASSERT_EQ(count, fences.size());
     for (auto* cell = index.Head(); cell != nullptr; cell = cell->GetNextCell())
       ASSERT_EQ(cell->GetItem()->mFences, fencesOn[cell->GetItem()]);
   }

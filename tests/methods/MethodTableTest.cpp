@@ -1,4 +1,4 @@
-// The owners' pair of tables: ids, names, copies, shared methods.
+// The owners' pair of tables: ids, names, copies.
 #include <gtest/gtest.h>
 
 #include "kalve/methods/Argument.h"
@@ -68,31 +68,10 @@ TEST(MethodTable, CopiesTheKeptTypesInOrderAndEachMethodDiesOnce) {
     size->SetArgValue(61, 7);
     EXPECT_EQ(source.Exec<int>(71), 7);
     EXPECT_EQ(copy.Exec<int>(71), 6);
-    EXPECT_TRUE(Throws([&] { Owner().methods.AssignMethods(source.methods); }));
   }
   EXPECT_EQ(Method::getNbConst() - born, 5);
   EXPECT_EQ(Method::getNbDest() - dead, 5);
   EXPECT_EQ(Method::mInstanceNumber - instances, -5);
-}
-
-TEST(MethodTable, AssignsRankByRank) {
-  Owner target;
-  Owner source;
-  for (Owner* owner : {&target, &source}) owner->AddMethod(new IntEntityMethod(70, "size"));
-  static_cast<IntEntityMethod*>(source.methods[70])->AssignBody([](EntityMethod*) { return 8; });
-  target.methods.AssignMethods(source.methods);
-  EXPECT_EQ(target.Exec<int>(70), 8);
-  EXPECT_NE(target.methods[70], source.methods[70]);
-}
-
-TEST(MethodTable, SharesMethodsUntilOneOwnerForgetsThem) {
-  Owner copy;
-  Owner source;
-  source.AddMethod(new VoidEntityMethod(72, "grow"));
-  copy.methods.Share(source.methods);
-  EXPECT_EQ(copy.methods[72], source.methods[72]);
-  source.methods.Forget();
-  EXPECT_TRUE(Throws([&] { source.methods[72]; }));
 }
 
 }  // namespace

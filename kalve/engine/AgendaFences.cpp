@@ -1,0 +1,129 @@
+#include "kalve/engine/AgendaFences.h"
+
+#include <cstring>
+
+namespace {
+
+/// How many of the rising keys are below `key`, given that the last one is not. Without branches: the
+/// outcome of a comparison cannot be foreseen.
+std::ptrdiff_t CountBelow(const AgendaFences::Key* keys, std::ptrdiff_t count, AgendaFences::Key key) {
+  const AgendaFences::Key* base = keys;
+  while (count > 1) {
+    const std::ptrdiff_t half = count / 2;
+    base += base[half - 1] < key ? half : 0;
+    count -= half;
+  }
+  return base - keys;
+}
+
+}  // namespace
+
+void AgendaFences::Clear() {
+  mChunks.clear();
+  mTops.clear();
+  mFront = 0;
+  mChunks.push_back(std::make_unique_for_overwrite<Chunk>());
+  mTops.push_back(infinite);
+  Chunk& chunk = *mChunks.front();
+  chunk.end = 1;
+  chunk.bounds[0] = infinite;
+  chunk.cells[0] = nullptr;
+  mSize = 1;
+  ++mChanges;
+}
+
+AgendaFences::Place AgendaFences::LowerBound(Key key) const {
+  const auto front = static_cast<std::ptrdiff_t>(mFront);
+  const std::ptrdiff_t chunks = static_cast<std::ptrdiff_t>(mTops.size()) - front;
+  const auto at = static_cast<std::size_t>(front + CountBelow(mTops.data() + front, chunks, key));
+  const Chunk& chunk = *mChunks[at];
+  for (int slot = 0; slot < Chunk::most; slot += 8) __builtin_prefetch(&chunk.bounds[slot]);
+  const std::ptrdiff_t below = CountBelow(chunk.bounds + chunk.begin, chunk.end - chunk.begin, key);
+  return {at, chunk.begin + static_cast<int>(below)};
+}
+
+// Slots ------------------------------------------------------------------------------------------------
+
+void AgendaFences::Chunk::Move(int from, int to, int count) {
+  std::memmove(bounds + to, bounds + from, static_cast<std::size_t>(count) * sizeof(Key));
+  std::memmove(cells + to, cells + from, static_cast<std::size_t>(count) * sizeof(AgendaCell*));
+}
+
+/// Makes room in front of a slot, on the shorter side; answers where.
+int AgendaFences::Chunk::Open(int slot) {
+  if (begin > 0 && (end == most || slot - begin < end - slot)) {
+    Move(begin, begin - 1, slot - begin);
+    --begin;
+    return slot - 1;
+  }
+  Move(slot, slot + 1, end - slot);
+  ++end;
+  return slot;
+}
+
+/// Takes a slot out; answers where the one behind stands then.
+int AgendaFences::Chunk::Close(int slot) {
+  if (slot - begin < end - slot) {
+    Move(begin, begin + 1, slot - begin);
+    ++begin;
+    return slot + 1;
+  }
+  Move(slot + 1, slot, end - slot - 1);
+  --end;
+  return slot;
+}
+
+AgendaFences::Place AgendaFences::Insert(Place place, Key bound, AgendaCell* cell) {
+  ++mChanges;
+  ++mSize;
+  if (mChunks[place.chunk]->end - mChunks[place.chunk]->begin == Chunk::most) place = Split(place);
+  Chunk& chunk = *mChunks[place.chunk];
+  place.slot = chunk.Open(place.slot);
+  chunk.bounds[place.slot] = bound;
+  chunk.cells[place.slot] = cell;
+  return place;
+}
+
+/// Halves a full chunk; one that grows at its end keeps all but the last fence, which will stay the last.
+AgendaFences::Place AgendaFences::Split(Place place) {
+  if (2 * mFront > mChunks.size()) {
+    const auto gone = static_cast<std::ptrdiff_t>(mFront);
+    mChunks.erase(mChunks.begin(), mChunks.begin() + gone);
+    mTops.erase(mTops.begin(), mTops.begin() + gone);
+    place.chunk -= mFront;
+    mFront = 0;
+  }
+  Chunk& low = *mChunks[place.chunk];
+  const int kept = place.slot == Chunk::most - 1 ? Chunk::most - 1 : Chunk::most / 2;
+  auto high = std::make_unique_for_overwrite<Chunk>();
+  const int moved = Chunk::most - kept;
+  high->begin = moved > 1 ? (Chunk::most - moved) / 2 : 0;
+  high->end = high->begin + moved;
+  std::memcpy(high->bounds + high->begin, low.bounds + kept, static_cast<std::size_t>(moved) * sizeof(Key));
+  std::memcpy(high->cells + high->begin, low.cells + kept,
+              static_cast<std::size_t>(moved) * sizeof(AgendaCell*));
+  low.end = kept;
+  const Place split = place.slot < kept ? place : Place{place.chunk + 1, high->begin + place.slot - kept};
+  const auto behind = static_cast<std::ptrdiff_t>(place.chunk);
+  mTops.insert(mTops.begin() + behind, low.bounds[kept - 1]);
+  mChunks.insert(mChunks.begin() + behind + 1, std::move(high));
+  return split;
+}
+
+AgendaFences::Place AgendaFences::Erase(Place place) {
+  ++mChanges;
+  --mSize;
+  Chunk& chunk = *mChunks[place.chunk];
+  const int behind = chunk.Close(place.slot);
+  if (chunk.begin < chunk.end) {
+    mTops[place.chunk] = chunk.bounds[chunk.end - 1];
+    return behind < chunk.end ? Place{place.chunk, behind} : Next({place.chunk, chunk.end - 1});
+  }
+  if (place.chunk == mFront) {
+    mChunks[mFront++].reset();
+    return First();
+  }
+  mChunks.erase(mChunks.begin() + static_cast<std::ptrdiff_t>(place.chunk));
+  mTops.erase(mTops.begin() + static_cast<std::ptrdiff_t>(place.chunk));
+  return {place.chunk, mChunks[place.chunk]->begin};
+}

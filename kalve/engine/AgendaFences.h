@@ -1,0 +1,84 @@
+// AgendaFences: the couples (bound, cell) of an agenda's index, by rising bound, the last one infinite.
+//
+// They stand in chunks of flat arrays, bounds apart from cells, so that a search reads few cache lines. A
+// place is good until the next Insert or Erase, each of which answers the new one.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <vector>
+
+#include "kalve/foundations/Forward.h"
+#include "kalve/foundations/Liste.h"
+
+class AgendaFences {
+ public:
+  using Key = std::int64_t;
+  using AgendaCell = Cell<Event*>;
+  static constexpr Key infinite = std::numeric_limits<Key>::max();
+
+  struct Place {
+    std::size_t chunk = 0;
+    int slot = 0;
+    bool operator==(const Place&) const = default;
+  };
+
+  AgendaFences() { Clear(); }
+  /// Leaves (infinite, null) alone.
+  void Clear();
+  std::size_t size() const { return mSize; }
+
+  Place First() const { return {mFront, mChunks[mFront]->begin}; }
+  Place Last() const { return {mChunks.size() - 1, mChunks.back()->end - 1}; }
+  Place Next(Place place) const;
+  Place Previous(Place place) const;
+  /// The first fence whose bound is not below the key.
+  Place LowerBound(Key key) const;
+
+  Key Bound(Place place) const { return mChunks[place.chunk]->bounds[place.slot]; }
+  AgendaCell* CellAt(Place place) const { return mChunks[place.chunk]->cells[place.slot]; }
+  void SetCell(Place place, AgendaCell* cell) { mChunks[place.chunk]->cells[place.slot] = cell; }
+
+  /// In front of `place`, whose bound is above; answers the new fence's place.
+  Place Insert(Place place, Key bound, AgendaCell* cell);
+  /// Any fence but the last; answers the place of the one behind.
+  Place Erase(Place place);
+
+  /// Grows with each Insert and Erase.
+  std::uint64_t Changes() const { return mChanges; }
+
+ private:
+  struct Chunk {
+    static constexpr int most = 62;
+    int begin = 0;
+    int end = 0;
+    Key bounds[most];
+    AgendaCell* cells[most];
+
+    void Move(int from, int to, int count);
+    int Open(int slot);
+    int Close(int slot);
+  };
+
+  Place Split(Place place);
+
+  std::vector<std::unique_ptr<Chunk>> mChunks;
+  std::vector<Key> mTops;  // the last bound of each chunk
+  std::size_t mFront = 0;  // the chunks before are gone
+  std::size_t mSize = 0;
+  std::uint64_t mChanges = 0;
+};
+
+// The two that are called for every event.
+
+inline AgendaFences::Place AgendaFences::Next(Place place) const {
+  if (place.slot + 1 < mChunks[place.chunk]->end) return {place.chunk, place.slot + 1};
+  return {place.chunk + 1, mChunks[place.chunk + 1]->begin};
+}
+
+inline AgendaFences::Place AgendaFences::Previous(Place place) const {
+  if (place.slot > mChunks[place.chunk]->begin) return {place.chunk, place.slot - 1};
+  return {place.chunk - 1, mChunks[place.chunk - 1]->end - 1};
+}

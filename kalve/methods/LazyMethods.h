@@ -1,0 +1,110 @@
+// The methods of an event or a process: many, and mostly never looked at.
+//
+// The owner's constructor names a set of predefined methods. They exist from then on, for the counters too,
+// but each object is made when it is first looked at. With the trace of constructions on, all are made at
+// once. Nobody can tell the difference.
+//
+// A raw copy shares the methods of its source, those still to be made included. Who adds a method to shared
+// ones goes on with a table of its own; the objects stay shared.
+//
+// As a MethodTable, it says where a method is, not whose: DestroyMethods destroys, the destructor leaves the
+// methods alone, and the reads throw an `int` for an absent id.
+#pragma once
+
+#include <memory>
+
+#include "kalve/foundations/BlockPool.h"
+#include "kalve/foundations/Prefetch.h"
+#include "kalve/foundations/Tableau.h"
+#include "kalve/methods/MethodTable.h"
+#include "kalve/methods/PredefinedSet.h"
+
+class LazyMethods {
+ public:
+  LazyMethods() = default;
+  LazyMethods(const LazyMethods&) = delete;
+  LazyMethods& operator=(const LazyMethods&) = delete;
+  ~LazyMethods() { LetGo(); }
+
+  /// The owner, an event or a process, has the methods of a set; what was there must be the set's first
+  /// rows. They describe the owner.
+  template <class Owner>
+  void Begin(const PredefinedSet& set, Owner* owner);
+  /// Appends a method that is not there yet; its id leads to the last rank from now on. The owner has
+  /// checked the method's kind, and tells it whom it describes. A negative id is an index failure of `where`.
+  void Add(Method* method, const char* where);
+
+  /// The method of an id. Throws an `int` for an id beyond the table, and for one without a method.
+  Method* operator[](int id) const { return At(Rank(id)); }
+  /// The same if it has a body, else null.
+  Method* WithBody(int id) const;
+  /// Its rank, negative for none; throws an `int` for an id beyond the table.
+  int Rank(int id) const { return HasAdded() ? mBlock->added->ranks[id] : mSet->Rank(id); }
+  /// The method of lowest rank that has the name, or null.
+  Method* Named(const char* name) const;
+  /// All of them by rank, and the ranks by id.
+  Tableau<Method*> Methods() const;
+  Tableau<int> Ranks() const;
+
+  /// Copies the methods of `source` whose result type is in `kept`, in rank order, through owner.AddMethod.
+  template <class Owner>
+  static void CopyMethods(const LazyMethods& source, ValueTypeSet kept, Owner& owner) {
+    for (Method* method : source.Methods())
+      if (Method* copy = NewMethodCopy(*method, kept)) owner.AddMethod(copy);
+  }
+  /// Assigns each method of `source` to the method of the same rank; throws an `int` where there is none.
+  void AssignMethods(const LazyMethods& source);
+  /// Shares the source's methods in place of its own; they describe the owner.
+  template <class Owner>
+  void Share(const LazyMethods& source, Owner* owner);
+  /// All methods describe the owner.
+  template <class Owner>
+  void Describe(Owner* owner);
+  /// Empties the table; the methods live on.
+  void Forget();
+  /// Destroys the methods and empties the table.
+  void DestroyMethods();
+
+  /// Ask for the memory of what they look at: first the block, then what it says.
+  void FetchBlock() const { Prefetch(mBlock, mBlock != nullptr ? sizeof(Block) : 0); }
+  void FetchMethods() const;
+
+ private:
+  struct Added {
+    Tableau<Method*> methods;
+    Tableau<int> ranks;  // of all methods
+  };
+
+  /// What is not as the set says: the objects made so far, and the methods added.
+  struct Block {
+    static void* operator new(std::size_t size) { return pool.Take(size); }
+    static void operator delete(void* block) { pool.Give(block); }
+    static BlockPool pool;
+
+    int holders = 1;
+    void* owner;  // whom the methods still to be made describe
+    Method* made[PredefinedSet::most] = {};
+    std::unique_ptr<Added> added;
+  };
+
+  bool HasAdded() const { return mBlock != nullptr && mBlock->added != nullptr; }
+  int Size() const { return mSet->size + (HasAdded() ? mBlock->added->methods.size() : 0); }
+  Method* MadeAt(int rank) const {
+    if (rank < 0) ThrowIndex(rank);
+    if (mBlock == nullptr) return nullptr;
+    return rank < mSet->size ? mBlock->made[rank] : mBlock->added->methods[rank - mSet->size];
+  }
+  Method* At(int rank) const {
+    Method* const made = MadeAt(rank);
+    return made != nullptr ? made : Make(rank);
+  }
+  Method* Make(int rank) const;
+  void MakeAll() const;
+  Block& OwnBlock() const;
+  void Part();
+  void LetGo();
+
+  const PredefinedSet* mSet = &PredefinedSet::none;
+  void* mOwner = nullptr;  // while there is no block
+  mutable Block* mBlock = nullptr;
+};

@@ -49,6 +49,7 @@
 #include "kalve/inputs/SequentialDataFile.h"
 #include "kalve/inputs/SerialDataFile.h"
 #include "kalve/methods/Argument.h"
+#include "kalve/methods/ArgumentSlots.h"
 #include "kalve/methods/CoreMethod.h"
 #include "kalve/methods/LazyMethods.h"
 #include "kalve/methods/Method.h"

@@ -78,6 +78,10 @@ int Simulation::PlaceInAgenda(Event* event) {
     mAgendaEvents.set_currentCell(mAgendaIndex.StartFor(event));
     // Behind the tail, after cells that the predicate would have answered without setting its flag.
     if (mAgendaEvents.is_current_off()) gEquallyPlacedEventFlag = 0;
+    if (mAgendaIndex.StandsBeforeStart(event)) {
+      gEquallyPlacedEventFlag = 0;  // the predicate's answer without a call
+      return PlaceBefore(event, mAgendaEvents.get_currentCell());
+    }
   }
   Cell<Event*>* const start = mAgendaEvents.get_currentCell();
   for (; mAgendaEvents.is_current_in(); mAgendaEvents.go_next()) {
@@ -85,11 +89,7 @@ int Simulation::PlaceInAgenda(Event* event) {
     const int before = mBeforeInAgenda(event, current);
     const bool isEquallyPlaced = gEquallyPlacedEventFlag != 0;
     if (isEquallyPlaced && IsDuplicate(event, current)) return 0;
-    if (before != 0) {
-      PutBefore(event, current);
-      mAgendaIndex.InsertedBefore(start, mAgendaEvents.get_currentCell());
-      return 1;
-    }
+    if (before != 0) return PlaceBefore(event, start);
     if (isEquallyPlaced) {
       mAgendaEvents.insert_after_current(event);
       event->EnterAgenda();
@@ -102,8 +102,16 @@ int Simulation::PlaceInAgenda(Event* event) {
   return 1;
 }
 
+/// After a walk that began at `start`.
+int Simulation::PlaceBefore(Event* event, Cell<Event*>* start) {
+  PutBefore(event);
+  mAgendaIndex.InsertedBefore(start, mAgendaEvents.get_currentCell());
+  return 1;
+}
+
 /// The event takes the cursor's cell, and the current one moves into a new cell behind it.
-int Simulation::PutBefore(Event* event, Event* current) {
+int Simulation::PutBefore(Event* event) {
+  Event* const current = mAgendaEvents.current();
   mAgendaEvents.replace_current_by_item(event);
   mAgendaEvents.insert_after_current(current);
   event->EnterAgenda();
@@ -130,7 +138,7 @@ int Simulation::DelayInAgendaEvents(Event* event, int delay) {
   event->SetOccurrenceClockTime(static_cast<int>(std::clamp(clock, long{K_INTMIN}, long{K_INTMAX})));
   for (mAgendaEvents.set_currentCell(next); mAgendaEvents.is_current_in(); mAgendaEvents.go_next()) {
     Event* current = mAgendaEvents.current();
-    if (mBeforeInAgenda(event, current) != 0) return PutBefore(event, current);
+    if (mBeforeInAgenda(event, current) != 0) return PutBefore(event);
   }
   Append(event);
   return 1;

@@ -2,15 +2,17 @@
 
 #include <cstring>
 
+#include "kalve/foundations/Prefetch.h"
+
 namespace {
 
-/// How many of the rising keys are below `key`, given that the last one is not. Without branches: the
-/// outcome of a comparison cannot be foreseen.
+/// How many of the rising keys are below `key`, given that the last one is not. Without a branch on a
+/// comparison, whose outcome cannot be foreseen.
 std::ptrdiff_t CountBelow(const AgendaFences::Key* keys, std::ptrdiff_t count, AgendaFences::Key key) {
   const AgendaFences::Key* base = keys;
   while (count > 1) {
     const std::ptrdiff_t half = count / 2;
-    base += base[half - 1] < key ? half : 0;
+    base += half & -static_cast<std::ptrdiff_t>(base[half - 1] < key);
     count -= half;
   }
   return base - keys;
@@ -27,7 +29,7 @@ void AgendaFences::Clear() {
   Chunk& chunk = *mChunks.front();
   chunk.end = 1;
   chunk.bounds[0] = infinite;
-  chunk.cells[0] = nullptr;
+  chunk.cells[0] = 0;
   mSize = 1;
   ++mChanges;
 }
@@ -37,7 +39,7 @@ AgendaFences::Place AgendaFences::LowerBound(Key key) const {
   const std::ptrdiff_t chunks = static_cast<std::ptrdiff_t>(mTops.size()) - front;
   const auto at = static_cast<std::size_t>(front + CountBelow(mTops.data() + front, chunks, key));
   const Chunk& chunk = *mChunks[at];
-  for (int slot = 0; slot < Chunk::most; slot += 8) __builtin_prefetch(&chunk.bounds[slot]);
+  Prefetch(&chunk, sizeof chunk);
   const std::ptrdiff_t below = CountBelow(chunk.bounds + chunk.begin, chunk.end - chunk.begin, key);
   return {at, chunk.begin + static_cast<int>(below)};
 }
@@ -46,7 +48,7 @@ AgendaFences::Place AgendaFences::LowerBound(Key key) const {
 
 void AgendaFences::Chunk::Move(int from, int to, int count) {
   std::memmove(bounds + to, bounds + from, static_cast<std::size_t>(count) * sizeof(Key));
-  std::memmove(cells + to, cells + from, static_cast<std::size_t>(count) * sizeof(AgendaCell*));
+  std::memmove(cells + to, cells + from, static_cast<std::size_t>(count) * sizeof cells[0]);
 }
 
 /// Makes room in front of a slot, on the shorter side; answers where.
@@ -73,14 +75,14 @@ int AgendaFences::Chunk::Close(int slot) {
   return slot;
 }
 
-AgendaFences::Place AgendaFences::Insert(Place place, Key bound, AgendaCell* cell) {
+AgendaFences::Place AgendaFences::Insert(Place place, Key bound) {
   ++mChanges;
   ++mSize;
   if (mChunks[place.chunk]->end - mChunks[place.chunk]->begin == Chunk::most) place = Split(place);
   Chunk& chunk = *mChunks[place.chunk];
   place.slot = chunk.Open(place.slot);
   chunk.bounds[place.slot] = bound;
-  chunk.cells[place.slot] = cell;
+  chunk.cells[place.slot] = 0;
   return place;
 }
 
@@ -101,7 +103,7 @@ AgendaFences::Place AgendaFences::Split(Place place) {
   high->end = high->begin + moved;
   std::memcpy(high->bounds + high->begin, low.bounds + kept, static_cast<std::size_t>(moved) * sizeof(Key));
   std::memcpy(high->cells + high->begin, low.cells + kept,
-              static_cast<std::size_t>(moved) * sizeof(AgendaCell*));
+              static_cast<std::size_t>(moved) * sizeof low.cells[0]);
   low.end = kept;
   const Place split = place.slot < kept ? place : Place{place.chunk + 1, high->begin + place.slot - kept};
   const auto behind = static_cast<std::ptrdiff_t>(place.chunk);

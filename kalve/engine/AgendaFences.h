@@ -2,6 +2,8 @@
 //
 // They stand in chunks of flat arrays, bounds apart from cells, so that a search reads few cache lines. A
 // place is good until the next Insert or Erase, each of which answers the new one.
+//
+// A fence is exact when the event in its cell is known to have the bound as its key.
 #pragma once
 
 #include <cstddef>
@@ -38,11 +40,16 @@ class AgendaFences {
   Place LowerBound(Key key) const;
 
   Key Bound(Place place) const { return mChunks[place.chunk]->bounds[place.slot]; }
-  AgendaCell* CellAt(Place place) const { return mChunks[place.chunk]->cells[place.slot]; }
-  void SetCell(Place place, AgendaCell* cell) { mChunks[place.chunk]->cells[place.slot] = cell; }
+  AgendaCell* CellAt(Place place) const {
+    return reinterpret_cast<AgendaCell*>(mChunks[place.chunk]->cells[place.slot] & ~exact);
+  }
+  bool IsExact(Place place) const { return (mChunks[place.chunk]->cells[place.slot] & exact) != 0; }
+  void SetCell(Place place, AgendaCell* cell, bool isExact) {
+    mChunks[place.chunk]->cells[place.slot] = reinterpret_cast<std::uintptr_t>(cell) | (isExact ? exact : 0U);
+  }
 
-  /// In front of `place`, whose bound is above; answers the new fence's place.
-  Place Insert(Place place, Key bound, AgendaCell* cell);
+  /// In front of `place`, whose bound is above; answers the new fence's place. It has no cell yet.
+  Place Insert(Place place, Key bound);
   /// Any fence but the last; answers the place of the one behind.
   Place Erase(Place place);
 
@@ -50,12 +57,14 @@ class AgendaFences {
   std::uint64_t Changes() const { return mChanges; }
 
  private:
+  static constexpr std::uintptr_t exact = 1;  // the bit of a cell's address that tells
+
   struct Chunk {
     static constexpr int most = 62;
     int begin = 0;
     int end = 0;
     Key bounds[most];
-    AgendaCell* cells[most];
+    std::uintptr_t cells[most];
 
     void Move(int from, int to, int count);
     int Open(int slot);

@@ -41,18 +41,18 @@ AgendaIndex::Fence AgendaIndex::Find(Key key) const {
 
 // An event counts the fences on its cells, so that a removal knows without a search that there is none.
 
-void AgendaIndex::MoveFence(Fence fence, AgendaCell* cell) {
+void AgendaIndex::MoveFence(Fence fence, AgendaCell* cell, bool isExact) {
   if (AgendaCell* const old = mFences.CellAt(fence)) --old->GetItem()->mFences;
-  mFences.SetCell(fence, cell);
+  mFences.SetCell(fence, cell, isExact);
   if (cell != nullptr) ++cell->GetItem()->mFences;
 }
 
 /// In front of a fence with a greater bound, whose new place is answered. Nothing beside an equal bound; the
 /// first fence stands on the head by itself.
-AgendaIndex::Fence AgendaIndex::AddFence(Fence behind, Key bound, AgendaCell* cell) {
+AgendaIndex::Fence AgendaIndex::AddFence(Fence behind, Key bound, AgendaCell* cell, bool isExact) {
   if (!IsFirst(behind) && mFences.Bound(mFences.Previous(behind)) == bound) return behind;
-  const Fence added = mFences.Insert(behind, bound, nullptr);
-  if (!IsFirst(added)) MoveFence(added, cell);
+  const Fence added = mFences.Insert(behind, bound);
+  MoveFence(added, IsFirst(added) ? nullptr : cell, isExact);
   return mFences.Next(added);
 }
 
@@ -64,6 +64,12 @@ void AgendaIndex::DropFence(Fence& fence) {
 
 AgendaIndex::AgendaCell* AgendaIndex::StartFor(const Event* event) const {
   return CellOf(Find(KeyOf(event)));
+}
+
+bool AgendaIndex::StandsBeforeStart(const Event* event) const {
+  const Key key = KeyOf(event);
+  const Fence fence = Find(key);
+  return mFences.IsExact(fence) && key < mFences.Bound(fence);
 }
 
 /// The walk for `key` passed from `start` to `reached`: everything in front of `reached` has a smaller key.
@@ -80,7 +86,7 @@ AgendaIndex::Fence AgendaIndex::Walked(Key key, AgendaCell* start, AgendaCell* r
     ++passed;
   }
   for (; passed > 0; --passed) DropFence(fence);
-  return AddFence(fence, key - 1, start);
+  return AddFence(fence, key - 1, start, false);
 }
 
 void AgendaIndex::InsertedBefore(AgendaCell* start, AgendaCell* cell) {
@@ -88,25 +94,33 @@ void AgendaIndex::InsertedBefore(AgendaCell* start, AgendaCell* cell) {
   const Key key = KeyOf(cell->GetItem());
   AgendaCell* const moved = cell->GetNextCell();
   Fence fence = Find(key);
-  const bool standsOnStart = start == cell && !IsFirst(fence);  // without a search
+  if (start == cell && !IsFirst(fence) && mFences.Bound(fence) != key) {
+    // The usual case: the fence goes on with its event, which keeps its count.
+    mFences.SetCell(fence, moved, mFences.IsExact(fence));
+    mFences.SetCell(mFences.Insert(fence, key), cell, true);
+    ++cell->GetItem()->mFences;
+    return;
+  }
   Fence onCell;
-  if (standsOnStart || HasFence(cell, moved->GetItem(), onCell)) {
+  if (HasFence(cell, moved->GetItem(), onCell)) {
     --moved->GetItem()->mFences;  // counted while its event stood in this cell
     ++cell->GetItem()->mFences;
   }
   fence = Walked(key, start, cell);
   if (mFences.Bound(fence) == key) {
-    if (!IsFirst(fence)) MoveFence(fence, cell);
+    MoveFence(fence, IsFirst(fence) ? nullptr : cell, true);
     return;
   }
-  fence = AddFence(fence, key, cell);
-  if (!IsFirst(fence)) MoveFence(fence, moved);
+  const bool stoodOnCell = CellOf(fence) == cell;
+  fence = AddFence(fence, key, cell, true);
+  const bool isExact = stoodOnCell && mFences.IsExact(fence);
+  MoveFence(fence, IsFirst(fence) ? nullptr : moved, isExact);
 }
 
 void AgendaIndex::InsertedBehindEqual(AgendaCell* start, AgendaCell* cell) {
   if (!mIsOn || start == cell) return;
   const Fence fence = Walked(KeyOf(cell->GetItem()), start, cell);
-  if (!IsFirst(fence)) MoveFence(fence, cell);
+  MoveFence(fence, IsFirst(fence) ? nullptr : cell);
 }
 
 void AgendaIndex::InsertedAtTail(AgendaCell* start) {
@@ -118,8 +132,8 @@ void AgendaIndex::InsertedAtTail(AgendaCell* start) {
     fence = Walked(key, start, tail);
     if (fence != mFences.Last()) DropFence(fence);  // the one behind the tail serves in its place
   }
-  fence = AddFence(fence, key, tail);
-  if (!IsFirst(fence)) MoveFence(fence, nullptr);
+  fence = AddFence(fence, key, tail, true);
+  MoveFence(fence, nullptr);
 }
 
 void AgendaIndex::Appended() {
@@ -127,7 +141,7 @@ void AgendaIndex::Appended() {
   if (!mIsOn || IsFirst(last) || mFences.CellAt(last) != nullptr) return;
   AgendaCell* const tail = mAgenda.TailCell();
   const Key key = KeyOf(tail->GetItem());
-  if (key > mFences.Bound(mFences.Previous(last))) AddFence(last, key, tail);
+  if (key > mFences.Bound(mFences.Previous(last))) AddFence(last, key, tail, true);
 }
 
 /// The fence on a cell, near the key of the event that it was set for, or else by a look at all of them.
@@ -148,9 +162,12 @@ void AgendaIndex::Removing(AgendaCell* cell) {
   if (!mIsOn) return;
   AgendaCell* const next = cell->GetNextCell();
   if (cell == mAgenda.HeadCell()) {
-    if (mFences.size() == 1 || mFences.CellAt(mFences.Next(mFences.First())) != next) return;
-    mFences.Erase(mFences.First());
-    FreeFirst();
+    if (mFences.size() > 1 && mFences.CellAt(mFences.Next(mFences.First())) == next) {
+      mFences.Erase(mFences.First());
+      FreeFirst();
+    } else {
+      MoveFence(mFences.First(), nullptr);
+    }
     return;
   }
   Fence fence;
@@ -165,15 +182,18 @@ void AgendaIndex::Removing(AgendaCell* cell) {
 void AgendaIndex::KeyChanges(int oldClock, short oldPriority, int newClock, short newPriority) {
   const Key from = KeyOf(oldClock, oldPriority);
   const Key to = KeyOf(newClock, newPriority);
-  if (to <= from) return;  // the bounds are upper ones
-  for (AgendaIndex* index = sFirstIndex; index != nullptr; index = index->mNextIndex) index->Merge(from, to);
+  if (to == from) return;
+  for (AgendaIndex* index = sFirstIndex; index != nullptr; index = index->mNextIndex)
+    index->KeyChanged(from, to);
 }
 
-/// The fences with bounds from `from` to below `to` and the one behind them become one.
-void AgendaIndex::Merge(Key from, Key to) {
+/// A fence may be exact no longer. The bounds are upper ones: if a key rises, the fences with bounds from
+/// `from` to below `to` and the one behind them become one.
+void AgendaIndex::KeyChanged(Key from, Key to) {
   Fence first = mFences.LowerBound(from);
-  if (mFences.Bound(first) >= to) return;
   AgendaCell* const cell = mFences.CellAt(first);
+  if (mFences.Bound(first) == from) mFences.SetCell(first, cell, false);
+  if (mFences.Bound(first) >= to) return;
   while (mFences.Bound(first) < to) DropFence(first);
   MoveFence(first, cell);
   FreeFirst();

@@ -31,6 +31,8 @@ class AgendaIndex {
 
   /// The cell where a walk for the event may begin; null behind the tail.
   AgendaCell* StartFor(const Event* event) const;
+  /// True when it is known without a look at the event in that cell that this one stands before it.
+  bool StandsBeforeStart(const Event* event) const;
   /// After an insertion whose walk began at `start`: the event stands in `cell`, and what stood there before
   /// in the next one.
   void InsertedBefore(AgendaCell* start, AgendaCell* cell);
@@ -62,13 +64,13 @@ class AgendaIndex {
   bool IsFirst(Fence fence) const { return fence == mFences.First(); }
   AgendaCell* CellOf(Fence fence) const { return IsFirst(fence) ? Head() : mFences.CellAt(fence); }
   AgendaCell* Head() const { return mAgenda.HeadCell(); }
-  void MoveFence(Fence fence, AgendaCell* cell);
-  Fence AddFence(Fence behind, Key bound, AgendaCell* cell);
+  void MoveFence(Fence fence, AgendaCell* cell, bool isExact = false);
+  Fence AddFence(Fence behind, Key bound, AgendaCell* cell, bool isExact);
   void DropFence(Fence& fence);
-  void FreeFirst() { MoveFence(mFences.First(), nullptr); }
+  void FreeFirst() { MoveFence(mFences.First(), nullptr, mFences.IsExact(mFences.First())); }
   bool HasFence(AgendaCell* cell, const Event* event, Fence& fence) const;
   Fence Walked(Key key, AgendaCell* start, AgendaCell* reached);
-  void Merge(Key from, Key to);
+  void KeyChanged(Key from, Key to);
 
   Liste<Event*>& mAgenda;
   AgendaFences mFences;  // the first one counts as standing on the head

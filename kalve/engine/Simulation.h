@@ -160,7 +160,8 @@ class Simulation {
   friend struct AgendaProbe;
   bool AgendaRefuses(Event* event) const;
   int PlaceInAgenda(Event* event);
-  int PutBefore(Event* event, Event* current);
+  int PlaceBefore(Event* event, Cell<Event*>* start);
+  int PutBefore(Event* event);
   void Append(Event* event);
   void FreeCell(Cell<Event*>* cell);
   bool IsDuplicate(Event* event, Event* current) const;

@@ -1,5 +1,6 @@
 #include "kalve/methods/Method.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 
@@ -59,26 +60,57 @@ void Method::ClassShortComment(const char* comment) { mClassShortComment.Set(OrE
 
 // Arguments --------------------------------------------------------------------------------------------
 
+Tableau<Argument*> ArgumentSlots::Table() const {
+  Tableau<Argument*> table(size());
+  for (Argument* argument : *this) table.push_back(argument);
+  return table;
+}
+
+int ArgumentSlots::IdLimit() const {
+  if (mMany != nullptr) return mMany->ranks.size();
+  int limit = 0;
+  for (int rank = 0; rank < mCount; ++rank) limit = std::max(limit, mIds[rank] + 1);
+  return limit;
+}
+
+void ArgumentSlots::Add(Argument* argument, int id) {
+  if (mMany == nullptr) {
+    const bool isNew = Rank(id) < 0 && std::find(begin(), end(), argument) == end();
+    if (isNew && mCount < few) {
+      mFew[mCount] = argument;
+      mIds[mCount++] = id;
+      return;
+    }
+    auto many = std::make_unique<Many>();
+    for (int rank = 0; rank < mCount; ++rank) {
+      many->arguments.push_back(mFew[rank]);
+      set_nth_num(many->ranks, mIds[rank], rank);
+    }
+    mMany = std::move(many);
+  }
+  mMany->arguments.push_back_ifnew(argument);
+  set_nth_num(mMany->ranks, id, mMany->arguments.size() - 1);
+}
+
 void Method::AddArg(Argument* argument) {
   const int id = argument->ClassSymbol();
-  if (id < 0) FailOnIndex("Method::AddArg", mDualArgumentTab.size(), id);
-  mArgumentTab.push_back_ifnew(argument);
-  set_nth_num(mDualArgumentTab, id, mArgumentTab.size() - 1);
+  if (id < 0) FailOnIndex("Method::AddArg", mArgumentTab.IdLimit(), id);
+  mArgumentTab.Add(argument, id);
 }
 
 Argument* Method::GetArg(int id) {
-  if (id < 0 || id >= mDualArgumentTab.size()) FailOnIndex("Method::GetArg", mDualArgumentTab.size(), id);
-  const int rank = mDualArgumentTab[id];
-  if (rank < 0) InexistantArgument(this, id);
-  return mArgumentTab[rank];
+  const int rank = mArgumentTab.Rank(id);
+  if (rank >= 0) return mArgumentTab.begin()[rank];
+  if (id < 0 || id >= mArgumentTab.IdLimit()) FailOnIndex("Method::GetArg", mArgumentTab.IdLimit(), id);
+  InexistantArgument(this, id);
 }
 
 void Method::TakeValues(const Method& source, const char* leafName, ValueTypeSet accepted) {
   for (int rank = 0; rank < source.mArgumentTab.size(); ++rank) {
-    Argument* argument = source.mArgumentTab[rank];
+    Argument* argument = source.mArgumentTab.begin()[rank];
     if (!accepted.Has(argument->ClassType())) UnsupportedArgumentType(leafName, argument);
     if (rank >= mArgumentTab.size()) FailOnIndex(leafName, mArgumentTab.size(), rank);
-    Argument& own = *mArgumentTab[rank];
+    Argument& own = *mArgumentTab.begin()[rank];
     if (own.ClassType() != argument->ClassType()) UnsupportedArgumentType(leafName, argument);
     AssignArgument(own, *argument);
   }

@@ -16,6 +16,7 @@
 #include "kalve/foundations/RareText.h"
 #include "kalve/foundations/SharedConstants.h"
 #include "kalve/foundations/Tableau.h"
+#include "kalve/methods/ArgumentSlots.h"
 #include "kalve/methods/ValueTypeSet.h"
 
 class Method {
@@ -49,7 +50,7 @@ class Method {
   void AddArg(Argument* argument);
   /// InexistantArgument for an id without argument, the index failure beyond the table.
   Argument* GetArg(int id);
-  Tableau<Argument*> ArgumentTab() const { return mArgumentTab; }
+  Tableau<Argument*> ArgumentTab() const { return mArgumentTab.Table(); }
 
   /// Writes the argument of an id; BadArgumentType when its type is another. Texts are duplicated, number
   /// tables and domains change hands, all other pointers are borrowed.
@@ -123,8 +124,7 @@ class Method {
   int mClassSymbol;
   const char* mClassName;
   RareText mClassShortComment;
-  Tableau<Argument*> mArgumentTab;
-  Tableau<int> mDualArgumentTab;
+  ArgumentSlots mArgumentTab;
   ErasedBody mBody = nullptr;
 
   static BlockPool pool;  // for most leaves, which have a pointer more

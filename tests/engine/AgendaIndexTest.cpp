@@ -41,6 +41,12 @@ struct AgendaProbe {
       ASSERT_LE(highestBefore[static_cast<std::size_t>(rank)], fences.Bound(before));
       ASSERT_LE(rankOf[index.CellOf(before)], rank);
       if (cell != nullptr) ++fencesOn[cell->GetItem()];
+      if (fences.IsExact(fence)) {
+        ASSERT_EQ(AgendaIndex::KeyOf(cell->GetItem()), fences.Bound(fence));
+      }
+    }
+    if (fences.IsExact(fences.First())) {
+      ASSERT_EQ(AgendaIndex::KeyOf(index.Head()->GetItem()), fences.Bound(fences.First()));
     }
     ASSERT_EQ(count, fences.size());
     for (auto* cell = index.Head(); cell != nullptr; cell = cell->GetNextCell())

@@ -85,7 +85,9 @@ TEST_F(HerdTest, AnswersItsUserInterface) {
   Write("words",
         "EXEC EVENTSTEP MODIFY - hortense weight 700 QUERY DESCRIPTOR hortense weight CURRENTVALUE "
         "QUERY STRUCTURE hortense EXEC CONTINU 0 EXIT ");
+  setenv("ASAN_OPTIONS", "detect_leaks=0", 1);  // EXIT leaves the run as it stands
   const std::string dialogue = Run("");
+  unsetenv("ASAN_OPTIONS");
   const char* const answers[] = {
       "\n\nUPDATE DATE {jour 92 ; 0h0' | UT 0 | 0%}\nWAIT MESSAGE\n",
       "ANSWER DESCRIPTOR hortense weight F 0 5472 -9 -9 1 1 {0 ; 700 | }\n",

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bench/Pair.h"
@@ -129,8 +130,10 @@ BENCHMARK(FillAndEmptySet)->Arg(10)->Arg(1000)->Arg(100000)->UseManualTime();
 // Trees ---------------------------------------------------------------------------------------------------
 
 struct Node {
+  explicit Node(std::string itsName, Node* itsSet = nullptr) : name(std::move(itsName)), set(itsSet) {}
+
   std::string name;
-  Node* set = nullptr;
+  Node* set;
   std::vector<std::unique_ptr<Node>> elements;
 };
 
@@ -146,7 +149,7 @@ void CopyAndDeleteTree(benchmark::State& state) {
   constexpr int herds = 100;
   constexpr int animals = 99;
   Entity* const root = NewEntity(HERD, HERD);
-  Node plain{"herd_1"};
+  Node plain("herd_1");
   for (int i = 0; i < herds; ++i) {
     Entity* const herd = NewEntity(HERD, ANIMAL);
     root->AddElement(herd);
@@ -169,7 +172,7 @@ void LookupByName(benchmark::State& state) {
   const Model model;
   constexpr int instances = 10000;
   std::vector<Node> plain;
-  for (int i = 0; i < instances; ++i) plain.push_back({NewEntity(ANIMAL, ANIMAL)->InstanceName()});
+  for (int i = 0; i < instances; ++i) plain.emplace_back(NewEntity(ANIMAL, ANIMAL)->InstanceName());
   const std::string last = plain.back().name;
   MeasurePair(
       state, instances, [&] { benchmark::DoNotOptimize(GetNamedEntity(last.c_str())); },

@@ -1,7 +1,6 @@
 // Outputs: a recorded change of a number against the append of a point to a vector, and the text of a dump
 // against a plain loop of fprintf over the same columns.
 // Counters of the change: bytes of the heap per point of both (kalve_bytes, plain_bytes).
-#include <malloc.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -9,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/Heap.h"
 #include "bench/Pair.h"
 #include "kalve/descriptors/ScalarDescriptors.h"
 #include "kalve/engine/Simulation.h"
@@ -18,17 +18,6 @@
 #include "kalve/outputs/OutputSpec.h"
 
 namespace {
-
-struct PlainPoint {
-  int clock;
-  ValueTypeId type;
-  double value;
-};
-
-double HeapBytes() {
-  const auto info = mallinfo2();
-  return static_cast<double>(info.uordblks + info.hblkhd);
-}
 
 void RecordChanges(benchmark::State& state) {
   constexpr int count = 1000000;

@@ -1,25 +1,13 @@
 // Recording of a number in a time series against std::vector: one long series, and many that grow in turn.
 // Counters: bytes of the heap per point of both (kalve_bytes, plain_bytes).
-#include <malloc.h>
-
 #include <memory>
 #include <vector>
 
+#include "bench/Heap.h"
 #include "bench/Pair.h"
 #include "kalve/outputs/DescTimeSeries.h"
 
 namespace {
-
-struct PlainPoint {
-  int clock;
-  ValueTypeId type;
-  double value;
-};
-
-double HeapBytes() {
-  const auto info = mallinfo2();
-  return static_cast<double>(info.uordblks + info.hblkhd);
-}
 
 // Bytes per point that `record` leaves on the heap.
 template <class Record, class Series>

@@ -1,5 +1,7 @@
 // The expansion of an entity specification over a hundred thousand instances, against a loop written by hand
 // over the same entities.
+#include <algorithm>
+#include <cstdlib>
 #include <vector>
 
 #include "bench/Pair.h"
@@ -113,8 +115,9 @@ void ReadExpansion(benchmark::State& state) {
   std::vector<Cow*> found;
   for (Cow* animal : herd.Cows())
     if (IsEven(*animal)) found.push_back(animal);
+  constexpr int evenOnes = instances / 2;
   MeasurePair(
-      state, instances / 2, [&] { benchmark::DoNotOptimize(spec.GetExpansion()->size()); },
+      state, evenOnes, [&] { benchmark::DoNotOptimize(spec.GetExpansion()->size()); },
       [&] {
         std::size_t kept = 0;
         for (Cow* animal : found)
@@ -124,6 +127,62 @@ void ReadExpansion(benchmark::State& state) {
       });
 }
 
+/// By a described value, as a selection does it, against std::stable_sort on the same values.
+void SortByValue(benchmark::State& state) {
+  const Herd herd;
+  std::vector<double> shuffled;
+  for (int i = 0; i < instances; ++i)
+    shuffled.push_back(300.0 + 0.01 * static_cast<int>((i * 7919LL) % instances));
+  Tableau<DescriptedEntity*> table;
+  const auto refill = [&] {
+    table.erase();
+    for (std::size_t i = 0; i < shuffled.size(); ++i) {
+      herd.Cows()[i]->SetDoubleValue(weight, shuffled[i]);
+      table.push_back(herd.Cows()[i]);
+    }
+  };
+  struct Plain {
+    double weight;
+  };
+  std::vector<Plain> plain(shuffled.size());
+  std::vector<Plain*> order(shuffled.size());
+  MeasurePair(
+      state, instances,
+      [&] {
+        refill();
+        SortUp(&table, weight);
+      },
+      [&] {
+        for (std::size_t i = 0; i < shuffled.size(); ++i) {
+          plain[i].weight = shuffled[i];
+          order[i] = &plain[i];
+        }
+        std::stable_sort(order.begin(), order.end(),
+                         [](const Plain* a, const Plain* b) { return a->weight < b->weight; });
+        benchmark::DoNotOptimize(order.data());
+      });
+}
+
+/// A value drawn from a domain of three intervals, against two draws of rand().
+void DrawFromDomain(benchmark::State& state) {
+  constexpr int draws = 1000;
+  DescIntValueSpec domain(IN);
+  domain.AddSubDomain(1, 100);
+  domain.AddSubDomain(201, 300);
+  domain.AddSubDomain(401, 500);
+  MeasurePair(
+      state, draws,
+      [&] {
+        for (int i = 0; i < draws; ++i) benchmark::DoNotOptimize(domain.GetValueInDomain());
+      },
+      [] {
+        for (int i = 0; i < draws; ++i)
+          benchmark::DoNotOptimize(1 + 200 * (std::rand() % 3) + std::rand() % 100);
+      });
+}
+
+BENCHMARK(SortByValue)->UseManualTime();
+BENCHMARK(DrawFromDomain)->UseManualTime();
 BENCHMARK(ExpandByPredicate)->UseManualTime();
 BENCHMARK(ExpandByTwoConditionsAndPredicate)->UseManualTime();
 BENCHMARK(ReadExpansion)->UseManualTime();

@@ -83,7 +83,7 @@ Herd::Herd() {
   AddVariableDescriptor(New<DoubleVariableDescriptor>(TANK, "kg"));
   SetMetaClass(HERD);
   AddInstanceToClass();
-  herdMonitor->AttachToEntity(this);
+  if (herdMonitor != nullptr) herdMonitor->AttachToEntity(this);
 }
 
 Paddock::Paddock() {
@@ -96,7 +96,7 @@ Paddock::Paddock() {
   AddVariableDescriptor(New<DoubleVariableDescriptor>(HAY, "kg/ha"));
   SetMetaClass(PADDOCK);
   AddInstanceToClass();
-  stubbleMonitor->AttachToDescriptor(this, GRASS);
+  if (stubbleMonitor != nullptr) stubbleMonitor->AttachToDescriptor(this, GRASS);
 }
 
 Cow::Cow() {

@@ -79,8 +79,8 @@ class Udder : public Entity {
 /// Makes the classes known to the kernel; to be called before any entity is made.
 void InstallHerdClasses();
 
-/// The monitors that all instances share; to be called before any entity is made, and again after
-/// DeleteMonitors.
+/// Makes the monitors that all instances share, and that watch each from its construction on; to be called
+/// again after DeleteMonitors.
 void MakeHerdMonitors();
 
 /// By the name of its class, as the structure file has it; null for another name.

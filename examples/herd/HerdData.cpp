@@ -120,3 +120,8 @@ Process* NewHerdReader(const char* className) {
   if (std::strcmp(className, "treatmentReading") == 0) return NewTreatmentStarter();
   return nullptr;
 }
+
+void DeleteHerdDataFiles() {
+  delete static_cast<SequentialDataFile*>(GetSerialDataFile(WEATHER_FILE));
+  delete static_cast<FactualDataFile*>(GetSerialDataFile(TREATMENT_FILE));
+}

@@ -9,3 +9,5 @@ SerialDataFile* NewHerdDataFile(const char* name);
 int HerdDataFileId(const char* name);
 /// Makes a process that reads one of them; null for another name.
 Process* NewHerdReader(const char* className);
+/// Deletes the data files that stand; a new run declares them anew.
+void DeleteHerdDataFiles();

@@ -151,9 +151,10 @@ double MilkOfADay(const Entity& cow) {
   return LactationCurve(days) * maturity * (0.5 + 0.5 * fed) * heat;
 }
 
-/// A cow loses flesh to her milk at the peak and gains it back later.
+/// A cow puts on what milk and her own body leave of her intake.
 void ChangeWeight(Entity& cow) {
-  const double gain = 0.12 * cow.GetDoubleValue(INTAKE) * 2.0 - 0.055 * cow.GetDoubleValue(MILK) - 0.6;
+  const double gain = 0.14 * cow.GetDoubleValue(INTAKE) - 0.022 * cow.GetDoubleValue(MILK) -
+                      0.001 * cow.GetDoubleValue(WEIGHT);
   cow.SetDoubleValue(WEIGHT, std::clamp(cow.GetDoubleValue(WEIGHT) + gain, 400.0, 850.0));
 }
 
@@ -212,14 +213,23 @@ void PostCalving(Entity& cow, int clock) {
   event->DeleteInDepth();
 }
 
+/// Cows differ: in weight, and in the day of their last calving.
+void TellApart(Entity& cow, RNG& random) {
+  cow.SetDoubleValue(WEIGHT, cow.GetDoubleValue(WEIGHT) + 25.0 * std::clamp(random.RNOR(), -3.0, 3.0));
+  if (const int days = cow.GetIntValue(DAYS_IN_MILK); days > 0)
+    cow.SetIntValue(DAYS_IN_MILK, std::max(1, days + static_cast<int>(20.0 * random.RNOR())));
+}
+
 /// Each cow that is due calves around her term, by a normal law of six days.
-void PlanCalvings(ProcessMethod* /*method*/) {
-  const int hoursADay = 24;
+void PlanSeason(ProcessMethod* /*method*/) {
+  constexpr int hoursADay = 24;
   const int today = DayOfYear();
+  RNG& random = *pCurrentSim->GetRandomGenerator();
   ForEachCow([&](Entity& cow) {
+    TellApart(cow, random);
     const int term = cow.GetIntValue(TERM);
     if (term == 0) return;
-    const double day = term - today + 6.0 * pCurrentSim->GetRandomGenerator()->RNOR();
+    const double day = term - today + 6.0 * random.RNOR();
     PostCalving(cow, pCurrentSim->Clock() + static_cast<int>(std::max(0.5, day) * hoursADay));
   });
 }
@@ -277,7 +287,7 @@ constexpr ProcessRow processRows[] = {
     {"rotation", FARM, Rotate, nullptr},  {"grazing", HERD, Graze, IsBearable},
     {"milking", HERD, MilkHerd, nullptr}, {"haymaking", FARM, MakeHay, nullptr},
     {"stabling", HERD, Stable, nullptr},  {"dryingOff", HERD, DryOff, nullptr},
-    {"calving", COW, Calve, nullptr},     {"planning", HERD, PlanCalvings, nullptr},
+    {"calving", COW, Calve, nullptr},     {"planning", HERD, PlanSeason, nullptr},
     {"culling", HERD, Cull, nullptr},     {"heat", FARM, BeginHeat, nullptr},
 };
 

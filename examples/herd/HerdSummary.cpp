@@ -71,3 +71,16 @@ void PrintSummary() {
   PrintGrass();
   PrintHerd();
 }
+
+void PrintRunLine() {
+  const double tank = GetFirstEntity(HERD)->GetDoubleValue(TANK);
+  double area = 0.0;
+  double eaten = 0.0;
+  ForEach(PADDOCK, [&](const Entity& paddock) {
+    area += paddock.GetDoubleValue(AREA);
+    eaten += paddock.GetDoubleValue(AREA) * paddock.GetDoubleValue(GRAZED);
+  });
+  std::printf("\nessai %2d : %2d vaches, %3.0f kg N/ha ; lait %6.0f kg, herbe pâturée %4.0f kg/ha",
+              pCurrentSim->GetNumId(), GetIntParameterValue("Herd", "cows"),
+              GetRealParameterValue("Paddock", "nitrogen"), tank, eaten / area);
+}

@@ -3,3 +3,6 @@
 
 /// Prints the summary of grass, milk and animals, in French, from the living entities.
 void PrintSummary();
+
+/// Prints one line for a run of a design: its number, the two factors, and what they gave.
+void PrintRunLine();

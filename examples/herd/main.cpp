@@ -1,7 +1,7 @@
 // A dairy herd at pasture through one grazing season, from its five files:
 //   herd season.prm season.sim season.out season.str season.dir [options]
 // A user interface drives it over standard input and output. With -BATCH it runs by itself and sums the
-// season up; -EXPORT writes the class files and runs nothing.
+// season up; -EXPORT writes the class files and runs nothing; -EXPE stocking.exp runs a design.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -64,20 +64,43 @@ void SetSeasonUp(char** files) {
   ParseDirectiveFile(files[4]);
 }
 
+/// What belongs to one run goes; parameters and design stay for the next one, which gives the same names.
+void TearSeasonDown() {
+  DeleteEntitySpecs();
+  DeleteEntityInstances();
+  DeleteMonitors();
+  DeleteOutputSpecs();
+  DeleteHerdDataFiles();
+  delete pCurrentSim;
+  pCurrentSim = nullptr;
+  BasicEntity::mInstanceNumber = 0;
+  Event::mInstanceNumber = 0;
+}
+
 void RunInBatch() {
   PrintStructure(*pCurrentSim->SimulatedBasicEntity());
   const int events = pCurrentSim->RunBatch(K_INTMAX);
   std::printf("\n%d événements\n", events);
   PrintSummary();
+  DisplayAllOutputSpecs();
   std::puts("FIN RUN");
 }
 
-}  // namespace
+/// All runs of the design, numbered from 1.
+void RunDesign(FactorialDesignOfExperiment& design, char** files) {
+  gCurrentSimNumId = 0;
+  for (int runs = design.NextSimulationSettings(); runs > 0; runs = design.NextSimulationSettings())
+    for (int run = 0; run < runs; ++run) {
+      ++gCurrentSimNumId;
+      SetSeasonUp(files);
+      pCurrentSim->RunBatch(K_INTMAX);
+      PrintRunLine();
+      DisplayAllOutputSpecs();
+      TearSeasonDown();
+    }
+}
 
-int main(int argc, char** argv) {
-  if (ParseMainArguments(argc, argv, 0) == 0) return 1;
-  InstallHerd();
-  ReadParameters(argv[1]);
+void RunOnce(int argc, char** argv) {
   SetSeasonUp(argv + 1);
   if (HasOption(argc, argv, "-EXPORT")) {
     ExportHerdClasses();
@@ -86,7 +109,20 @@ int main(int argc, char** argv) {
   } else {
     InitChrono();
     pCurrentSim->Run();
+    DisplayAllOutputSpecs();
   }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (ParseMainArguments(argc, argv, 0) == 0) return 1;
+  InstallHerd();
+  ReadParameters(argv[1]);
+  if (FactorialDesignOfExperiment* design = GetDesignOfExperiment())
+    RunDesign(*design, argv + 1);
+  else
+    RunOnce(argc, argv);
   DeleteAll();
   return 0;
 }

@@ -32,6 +32,7 @@ Descriptor::Descriptor(const Descriptor& other)
   ++_nbConst;
 }
 
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): no assignment gets past the failure.
 Descriptor& Descriptor::operator=(const Descriptor& right) { UnAuthorizedAssignment(this, &right); }
 
 Descriptor::~Descriptor() {

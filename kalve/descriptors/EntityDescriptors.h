@@ -4,6 +4,7 @@
 
 #include "kalve/descriptors/ScalarDescriptor.h"
 #include "kalve/descriptors/TableValue.h"
+#include "kalve/descriptors/ValueClass.h"
 #include "kalve/foundations/FixedText.h"
 
 /// The classes whose instances the descriptor accepts. An empty list admits any entity.
@@ -62,18 +63,6 @@ extern template class ScalarConstant<EntityKind>;
 extern template class ScalarVariable<EntityKind>;
 extern template class EntityDomained<ScalarConstant<EntityKind>>;
 extern template class EntityDomained<ScalarVariable<EntityKind>>;
-
-// What each class adds: its constructors (none, symbol, symbol and name), copies, and an assignment that
-// moves the value fields alone and answers its right-hand side.
-#define KALVE_DESCRIPTOR(Name, Parent)        \
- public:                                      \
-  using Parent::Parent;                       \
-  Name() = default;                           \
-  Name(const Name&) = default;                \
-  const Name& operator=(const Name& source) { \
-    TakeValues(source);                       \
-    return source;                            \
-  }
 
 class EntityConstantDescriptor : public EntityDomained<ScalarConstant<EntityKind>> {
   KALVE_DESCRIPTOR(EntityConstantDescriptor, EntityDomained)
@@ -299,4 +288,3 @@ class DescValueSpecTabVariableDescriptor : public DescValueSpecTabDescriptor<Var
  private:
   DescValueSpec* Answered(int slot, int methodId, DescValueSpec* candidate, int withMonitor);
 };
-#undef KALVE_DESCRIPTOR

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "kalve/descriptors/ScalarDescriptor.h"
+#include "kalve/descriptors/ValueClass.h"
 
 /// Integers may have a converse: the text that stands for a coded value in the series.
 template <class Layer>
@@ -120,18 +121,6 @@ extern template class TextDomained<ScalarVariable<StringKind>>;
 
 // The classes ----------------------------------------------------------------------------------------------
 
-// What each class adds: its constructors (none, symbol, symbol and name), copies, and an assignment that
-// moves the value fields alone and answers its right-hand side.
-#define KALVE_DESCRIPTOR(Name, Parent)        \
- public:                                      \
-  using Parent::Parent;                       \
-  Name() = default;                           \
-  Name(const Name&) = default;                \
-  const Name& operator=(const Name& source) { \
-    TakeValues(source);                       \
-    return source;                            \
-  }
-
 class IntConstantDescriptor : public IntDomained<ScalarConstant<IntKind>> {
   KALVE_DESCRIPTOR(IntConstantDescriptor, IntDomained)
   DescIntValueSpec* GetIntDomain() const { return GetDomain(); }
@@ -197,4 +186,3 @@ class StringVariableDescriptor : public TextDomained<ScalarVariable<StringKind>>
   const char* GetStringValue() { return GetValue(); }
   const char* GetStringValue(int withMonitor) { return GetValue(withMonitor); }
 };
-#undef KALVE_DESCRIPTOR

@@ -4,19 +4,8 @@
 #pragma once
 
 #include "kalve/descriptors/TableValue.h"
+#include "kalve/descriptors/ValueClass.h"
 #include "kalve/foundations/Records.h"
-
-// What each class adds: its constructors (none, symbol, symbol and name), copies, and an assignment that
-// moves the value fields alone and answers its right-hand side.
-#define KALVE_DESCRIPTOR(Name, Parent)        \
- public:                                      \
-  using Parent::Parent;                       \
-  Name() = default;                           \
-  Name(const Name&) = default;                \
-  const Name& operator=(const Name& source) { \
-    TakeValues(source);                       \
-    return source;                            \
-  }
 
 // Domains --------------------------------------------------------------------------------------------------
 
@@ -237,4 +226,3 @@ class StringTabVariableDescriptor : public MonitoredForms<StringTabDescriptor<Va
   using MonitoredForms::GetStringTabValue;
   Table* GetStringTabValue(int withMonitor) const { return GetValue(withMonitor); }
 };
-#undef KALVE_DESCRIPTOR

@@ -8,61 +8,60 @@
 #include "kalve/descriptors/ScalarDescriptors.h"
 #include "kalve/descriptors/TableDescriptors.h"
 
+/// Stands for a class that there is not.
+struct NoClass {};
+
+template <class Class, class Visited, class Visit>
+bool VisitAs(Visited& descriptor, Visit& visit) {
+  if constexpr (!std::is_same_v<Class, NoClass>) {
+    using Target = std::conditional_t<std::is_const_v<Visited>, const Class, Class>;
+    visit(static_cast<Target&>(descriptor));
+  }
+  return !std::is_same_v<Class, NoClass>;
+}
+
+template <class Constant, class Variable, class Visited, class Visit>
+bool VisitEither(Visited& descriptor, Visit& visit) {
+  return descriptor.IsConstant() ? VisitAs<Constant>(descriptor, visit)
+                                 : VisitAs<Variable>(descriptor, visit);
+}
+
 /// Calls `visit` with the descriptor as its value class, const if it came so. False when its tags name no
 /// class; all that is not CONSTANT counts as variable.
 template <class Visited, class Visit>
 bool VisitDescriptor(Visited& descriptor, Visit&& visit) {
-  const auto as = [&]<class Class>(std::type_identity<Class>) {
-    using Target = std::conditional_t<std::is_const_v<Visited>, const Class, Class>;
-    visit(static_cast<Target&>(descriptor));
-    return true;
-  };
-  const auto either = [&]<class Constant, class Variable>(std::type_identity<Constant> constant,
-                                                          std::type_identity<Variable> variable) {
-    return descriptor.IsConstant() ? as(constant) : as(variable);
-  };
-  const auto constantOnly = [&]<class Constant>(std::type_identity<Constant> constant) {
-    return descriptor.IsConstant() && as(constant);
-  };
-  using std::type_identity;
   switch (descriptor.ClassType()) {
     case INT:
-      return either(type_identity<IntConstantDescriptor>(), type_identity<IntVariableDescriptor>());
+      return VisitEither<IntConstantDescriptor, IntVariableDescriptor>(descriptor, visit);
     case FLOAT:
-      return either(type_identity<FloatConstantDescriptor>(), type_identity<FloatVariableDescriptor>());
+      return VisitEither<FloatConstantDescriptor, FloatVariableDescriptor>(descriptor, visit);
     case DOUBLE:
-      return either(type_identity<DoubleConstantDescriptor>(), type_identity<DoubleVariableDescriptor>());
+      return VisitEither<DoubleConstantDescriptor, DoubleVariableDescriptor>(descriptor, visit);
     case STRING:
-      return either(type_identity<StringConstantDescriptor>(), type_identity<StringVariableDescriptor>());
+      return VisitEither<StringConstantDescriptor, StringVariableDescriptor>(descriptor, visit);
     case P_ENTITY:
-      return either(type_identity<EntityConstantDescriptor>(), type_identity<EntityVariableDescriptor>());
+      return VisitEither<EntityConstantDescriptor, EntityVariableDescriptor>(descriptor, visit);
     case ENTITY_TAB:
-      return either(type_identity<EntityTabConstantDescriptor>(),
-                    type_identity<EntityTabVariableDescriptor>());
+      return VisitEither<EntityTabConstantDescriptor, EntityTabVariableDescriptor>(descriptor, visit);
     case P_ENTITYSPEC:
-      return either(type_identity<EntitySpecConstantDescriptor>(),
-                    type_identity<EntitySpecVariableDescriptor>());
+      return VisitEither<EntitySpecConstantDescriptor, EntitySpecVariableDescriptor>(descriptor, visit);
     case INTDOMAIN:
-      return either(type_identity<IntDomainConstantDescriptor>(),
-                    type_identity<IntDomainVariableDescriptor>());
+      return VisitEither<IntDomainConstantDescriptor, IntDomainVariableDescriptor>(descriptor, visit);
     case FLOATDOMAIN:
-      return either(type_identity<FloatDomainConstantDescriptor>(),
-                    type_identity<FloatDomainVariableDescriptor>());
+      return VisitEither<FloatDomainConstantDescriptor, FloatDomainVariableDescriptor>(descriptor, visit);
     case DOUBLEDOMAIN:
-      return either(type_identity<DoubleDomainConstantDescriptor>(),
-                    type_identity<DoubleDomainVariableDescriptor>());
+      return VisitEither<DoubleDomainConstantDescriptor, DoubleDomainVariableDescriptor>(descriptor, visit);
     case DESCVALUESPEC_TAB:
-      return either(type_identity<DescValueSpecTabConstantDescriptor>(),
-                    type_identity<DescValueSpecTabVariableDescriptor>());
+      return VisitEither<DescValueSpecTabConstantDescriptor, DescValueSpecTabVariableDescriptor>(descriptor,
+                                                                                                 visit);
     case STRING_TAB:
-      return either(type_identity<StringTabConstantDescriptor>(),
-                    type_identity<StringTabVariableDescriptor>());
+      return VisitEither<StringTabConstantDescriptor, StringTabVariableDescriptor>(descriptor, visit);
     case INT_TAB:
-      return constantOnly(type_identity<IntTabConstantDescriptor>());
+      return VisitEither<IntTabConstantDescriptor, NoClass>(descriptor, visit);
     case FLOAT_TAB:
-      return constantOnly(type_identity<FloatTabConstantDescriptor>());
+      return VisitEither<FloatTabConstantDescriptor, NoClass>(descriptor, visit);
     case DOUBLE_TAB:
-      return constantOnly(type_identity<DoubleTabConstantDescriptor>());
+      return VisitEither<DoubleTabConstantDescriptor, NoClass>(descriptor, visit);
     case VOID:
     case BOOLEAN:
     case P_DESCVALUESPEC:

@@ -5,6 +5,8 @@
 #include <iostream>
 
 #include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/FailureReport.h"
+#include "kalve/foundations/Registry.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/inputs/Parameter.h"
 #include "kalve/inputs/ParserFunction.h"
@@ -14,10 +16,14 @@
 
 namespace {
 
-template <class T>
-[[noreturn]] void FailOnIndex(const char* where, const Tableau<T>& table, int index) {
-  TabIndexOutOfRange(index, where, &table, index, true);
-  exitOnException(0);
+/// Runs `body`, in which an index out of range is the failure of `where`.
+template <class T, class Body>
+void WithIndexes(const char* where, const Tableau<T>& table, Body body) {
+  try {
+    body();
+  } catch (int index) {
+    FailOnIndex(where, table.size(), index);
+  }
 }
 
 template <class Item>
@@ -50,7 +56,7 @@ SerialDesignOfExperiment::~SerialDesignOfExperiment() {
 
 void SerialDesignOfExperiment::AddUnifiedValue(int row, UnifiedValue* value) {
   if (row < 0 || row >= mValues.size())
-    FailOnIndex("SerialDesignOfExperiment::AddUnifiedValue", mValues, row);
+    FailOnIndex("SerialDesignOfExperiment::AddUnifiedValue", mValues.size(), row);
   mValues[row]->push_back(value);
 }
 
@@ -61,11 +67,9 @@ int SerialDesignOfExperiment::NextSimulationSettings() {
     mCurrentModalityIndex = 0;
     std::printf("\tretour \xc3\xa0 mCurrentModalityIndex = 0 pour '%s'", GetName());
   }
-  try {
+  WithIndexes("SerialDesignOfExperiment::NextSimulationSettings", mValues, [this] {
     for (int variable = 0; variable < mNbVariables; ++variable) ApplyVariable(variable);
-  } catch (int index) {
-    FailOnIndex("SerialDesignOfExperiment::NextSimulationSettings", mValues, index);
-  }
+  });
   std::printf("\n\tFIN SED '%s'::NSS returns endReached = %d\n", GetName(), endReached ? 1 : 0);
   return endReached ? 1 : 0;
 }
@@ -107,23 +111,30 @@ void SerialDesignOfExperiment::ApplyVariable(int variable) const {
   pInitParameterGlobalVariables();
 }
 
+void SerialDesignOfExperiment::DisplayValue(int variable, int modality) const {
+  const UnifiedValue& value = ValueAt(variable, modality);
+  if (mParamTypes[variable] == INT) std::printf("%d", value.intValue);
+  if (mParamTypes[variable] == DOUBLE) std::printf("%f", value.doubleValue);
+  if (mParamTypes[variable] == STRING) std::printf("'%s'", value.stringValue);
+}
+
 void SerialDesignOfExperiment::Display() const {
-  PrintJoined(mNbModalities, " -> ", [this](int modality) {
-    std::printf("[");
-    PrintJoined(mNbVariables, " + ", [this, modality](int variable) {
-      const UnifiedValue& value = ValueAt(variable, modality);
-      if (mParamTypes[variable] == INT) std::printf("%d", value.intValue);
-      if (mParamTypes[variable] == DOUBLE) std::printf("%f", value.doubleValue);
-      if (mParamTypes[variable] == STRING) std::printf("'%s'", value.stringValue);
+  WithIndexes("SerialDesignOfExperiment::Display", mValues, [this] {
+    PrintJoined(mNbModalities, " -> ", [this](int modality) {
+      std::printf("[");
+      PrintJoined(mNbVariables, " + ", [this, modality](int variable) { DisplayValue(variable, modality); });
+      std::printf("]");
     });
-    std::printf("]");
   });
 }
 
 void SerialDesignOfExperiment::DisplayIds() const {
   std::printf("[");
-  PrintJoined(mNbVariables, " + ",
-              [this](int variable) { std::printf("'%s' '%s'", mParamIds1[variable], mParamIds2[variable]); });
+  WithIndexes("SerialDesignOfExperiment::DisplayIds", mParamIds1, [this] {
+    PrintJoined(mNbVariables, " + ", [this](int variable) {
+      std::printf("'%s' '%s'", mParamIds1[variable], mParamIds2[variable]);
+    });
+  });
   std::printf("]");
 }
 
@@ -134,16 +145,12 @@ void SerialDesignOfExperiment::AddInstance(SerialDesignOfExperiment* design) {
 }
 
 void SerialDesignOfExperiment::RemoveInstance(SerialDesignOfExperiment* design) {
-  const int rank = mpInstanceTab.position(design);
-  if (rank < 0) InexistantInstance("SerialDesignOfExperiment::RemoveInstance");
-  mpInstanceTab.remove(rank);
+  TakeOut(mpInstanceTab, design, "SerialDesignOfExperiment::RemoveInstance");
   --mInstanceNumber;
 }
 
 SerialDesignOfExperiment* SerialDesignOfExperiment::GetInstance(int rank) {
-  if (rank < 0 || rank >= mpInstanceTab.size())
-    FailOnIndex("SerialDesignOfExperiment::GetInstance", mpInstanceTab, rank);
-  return mpInstanceTab[rank];
+  return InstanceAt(mpInstanceTab, rank, "SerialDesignOfExperiment::GetInstance");
 }
 
 // The crossing ----------------------------------------------------------------------------------------
@@ -160,11 +167,9 @@ FactorialDesignOfExperiment::~FactorialDesignOfExperiment() {
 int FactorialDesignOfExperiment::NextSimulationSettings() {
   std::printf("\nDEBUT FED::NSS index du SEDS courant = %d\n", mCurrentSerialExpeDesignIndex);
   bool goneAllOver = true;
-  try {
+  WithIndexes("FactorialDesignOfExperiment::NextSimulationSettings", mSerialDesigns, [&] {
     if (!mSerialDesigns.empty()) goneAllOver = Advance();
-  } catch (int index) {
-    FailOnIndex("FactorialDesignOfExperiment::NextSimulationSettings", mSerialDesigns, index);
-  }
+  });
   std::printf("\nFIN FED::NSS goneAllOver = %d - la var qui vient de changer est d'index %d\n",
               goneAllOver ? 1 : 0, mCurrentSerialExpeDesignIndex);
   return goneAllOver ? K_INT_UNSIGNIFICANT : mNbReplications;

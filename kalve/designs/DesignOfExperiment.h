@@ -69,6 +69,7 @@ class SerialDesignOfExperiment {
 
  private:
   void ApplyVariable(int variable) const;
+  void DisplayValue(int variable, int modality) const;
   const UnifiedValue& ValueAt(int variable, int modality) const {
     return *mValues[variable]->get_nth(modality);
   }

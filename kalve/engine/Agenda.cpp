@@ -37,7 +37,9 @@ int Simulation::InsertInAgendaEvents(Event* event) {
 int Simulation::InsertInAgendaEvents(Event* event, int priority, int clock) {
   event->SetPriorityDegree(static_cast<short>(priority));
   event->SetOccurrenceClockTime(clock);
-  return AgendaRefuses(event) ? 0 : PlaceInAgenda(event);
+  if (AgendaRefuses(event)) return 0;
+  if (!mAgendaEvents.empty()) event->FirstProcess();  // warns when there is none
+  return PlaceInAgenda(event);
 }
 
 /// The end clock and the draw of the probability, which come before any look at the agenda.
@@ -66,7 +68,7 @@ Process* FirstOf(Event* event) {
 /// Two equally placed events are one when their first processes have one class name and one entity.
 bool Simulation::IsDuplicate(Event* event, Event* current) const {
   Process* own = FirstOf(event);
-  Process* other = FirstOf(current);
+  Process* other = current->FirstProcess();
   return own != nullptr && other != nullptr && std::strcmp(own->ClassName(), other->ClassName()) == 0 &&
          BoundEntity(own) == BoundEntity(other);
 }
@@ -126,12 +128,16 @@ void Simulation::Append(Event* event) {
 int Simulation::DelayInAgendaEvents(Event* event, int delay) {
   mAgendaEvents.go_head();
   if (!mAgendaEvents.is_current_in()) return 0;
-  // The search does not step: it is meant for the head.
-  for (Event* found = nullptr; found != event;) found = mAgendaEvents.current();
+  // The search does not step: it is meant for the head. Volatile, or the compiler may leave out a loop that
+  // changes nothing, and this one would end.
+  Event* volatile found;
+  do found = mAgendaEvents.current();
+  while (found != event);
   Cell<Event*>* next = mAgendaEvents.get_currentCell()->GetNextCell();
   RemoveCurrentInAgenda();
   mAgendaIndex.Forget();
-  event->SetOccurrenceClockTime(event->OccurrenceClockTime() + delay);
+  const long clock = static_cast<long>(event->OccurrenceClockTime()) + delay;
+  event->SetOccurrenceClockTime(static_cast<int>(std::clamp(clock, long{K_INTMIN}, long{K_INTMAX})));
   for (mAgendaEvents.set_currentCell(next); mAgendaEvents.is_current_in(); mAgendaEvents.go_next()) {
     Event* current = mAgendaEvents.current();
     if (mBeforeInAgenda(event, current) != 0) return PutBefore(event);
@@ -181,7 +187,7 @@ void Simulation::RemoveFromAgendaEvents(Event* event) {
 
 void Simulation::RemoveFromAgendaEvents(Event* event, int deleteIt) {
   RemoveFromAgendaEvents(event);
-  if (deleteIt == 0) return;
+  if (deleteIt == 0 || event == nullptr) return;
   event->DeleteProcesses();
   event->DeleteInDepth();
 }

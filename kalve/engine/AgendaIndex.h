@@ -46,6 +46,12 @@ class AgendaIndex {
   void Removing(AgendaCell* cell);
   /// An event that stands in some agenda changes its key: all indexes hear of it.
   static void KeyChanges(int oldClock, short oldPriority, int newClock, short newPriority);
+  /// Visits the events of all agendas; no agenda may change meanwhile.
+  template <class Visit>
+  static void ForEachEvent(Visit visit) {
+    for (AgendaIndex* index = sFirstIndex; index != nullptr; index = index->mNextIndex)
+      for (Event* event : index->mAgenda) visit(event);
+  }
 
  private:
   friend struct AgendaProbe;

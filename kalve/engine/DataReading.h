@@ -85,7 +85,7 @@ class DataReading : public Base, public DataFileNames {
   /// The copy reads the same open file.
   DataReading(const DataReading& other) = default;
   /// A shell for raw copies.
-  explicit DataReading(bool withoutMethod) requires std::same_as<Base, DiscreteProcess>
+  explicit DataReading(bool withoutMethod) requires(std::same_as<Base, DiscreteProcess>)
       : Base(withoutMethod) {}
   ~DataReading() = default;
 

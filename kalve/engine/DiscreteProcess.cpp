@@ -78,6 +78,7 @@ DiscreteProcess::~DiscreteProcess() {
 
 void DiscreteProcess::TakeMethodsOfItsOwn() {
   const Tableau<Method*> shared = mMethods.Methods();
+  if (!shared.empty() && static_cast<ProcessMethod*>(shared[0])->DescribedProcess() == this) return;
   mMethods.Forget();
   for (Method* method : shared)
     if (Method* copy = NewMethodCopy(*method, copiedMethods)) AddMethod(copy);

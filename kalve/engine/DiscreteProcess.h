@@ -24,7 +24,7 @@ class DiscreteProcess : public Process {
   void DeleteInDepth();
   static void* operator new(std::size_t size) { return pool.Take(size); }
   static void operator delete(void* block) { pool.Give(block); }
-  /// Replaces shared methods by copies that describe this process.
+  /// Replaces methods that describe another process by now with copies that describe this one.
   void TakeMethodsOfItsOwn();
 
   /// Runs at the event's date.

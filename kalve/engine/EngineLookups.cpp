@@ -17,6 +17,7 @@ Process* FirstProcessWith(Name name, const char* wanted) {
 
 template <class Name>
 Event* FirstEventWith(Name name, const char* wanted) {
+  if (pCurrentSim == nullptr) return nullptr;
   Event* inHand = pCurrentSim->EventInHand();
   if (inHand != nullptr && std::strcmp(name(inHand), wanted) == 0) return inHand;
   Liste<Event*> agenda = pCurrentSim->AgendaEvents();
@@ -41,6 +42,7 @@ Event* GetClassNamedEvent(const char* name) { return FirstEventWith(className, n
 Tableau<Event*>* GetClassNamedEventTab(const char* name) {
   auto* events = new Tableau<Event*>();
   events->sizeIncrement(5);
+  if (pCurrentSim == nullptr) return events;
   Liste<Event*> agenda = pCurrentSim->AgendaEvents();
   for (agenda.go_head(); agenda.is_current_in(); agenda.go_next())
     if (std::strcmp(agenda.current()->ClassName(), name) == 0) events->push_back(agenda.current());

@@ -1,4 +1,5 @@
-// Events and processes by name. Linear searches, for start-up and for the dialogue.
+// Events and processes by name. Linear searches, for start-up and for the dialogue. Without a simulation
+// there are no events.
 #pragma once
 
 #include "kalve/foundations/Forward.h"

@@ -231,10 +231,9 @@ namespace {
 void WriteInstanceName(const char* name) { std::cout << '"' << name << '"' << majSep; }
 
 void WriteLiving(const std::string& className) {
-  const int id = GetClassSymbol(className.c_str());
-  const Tableau<BasicEntity*>* const instances = id >= 0 ? GetEntityList(id) : nullptr;
-  if (instances == nullptr) return;
-  for (const BasicEntity* instance : *instances) WriteInstanceName(instance->InstanceName());
+  const MetaClass* const metaClass = GetMetaClass(GetClassSymbol(className.c_str()));
+  if (metaClass == nullptr) return;
+  for (const BasicEntity* instance : metaClass->Instances()) WriteInstanceName(instance->InstanceName());
 }
 
 void WriteRecordedInstances(const std::string& className, bool onlyDead) {

@@ -194,6 +194,8 @@ class Event {
   void Fetch(int eventsBefore) const;
   void EnterAgenda() { StandInAgendas(1); }
   void LeaveAgenda() { StandInAgendas(-1); }
+  /// The process is about to die: its couples are passed over from now on.
+  void ForgetProcess(const Process* process);
 
  private:
   friend class AgendaIndex;

@@ -1,8 +1,18 @@
 // What an event does to the processes of its couples when it is done with.
+#include "kalve/engine/AgendaIndex.h"
 #include "kalve/engine/ContinuousProcess.h"
 #include "kalve/engine/DiscreteProcess.h"
 #include "kalve/engine/Event.h"
 #include "kalve/engine/ProcessDispatch.h"
+
+void Event::ForgetProcess(const Process* process) {
+  for (StructProcessAction* couple : mListpProcessAction)
+    if (couple->process == process) couple->process = nullptr;
+}
+
+void Process::LeaveAgendas() {
+  AgendaIndex::ForEachEvent([this](Event* event) { event->ForgetProcess(this); });
+}
 
 void Event::DeleteProcesses() {
   ForEachProcess([](Process* process) {

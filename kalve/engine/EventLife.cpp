@@ -163,7 +163,7 @@ const Event& Event::operator=(const Event& other) {
 
 Event::~Event() {
   if (g_KV_TraceNewDelMode != 0)
-    std::cout << "\n-Destruction superficielle de l'event " << mClassName << " " << this;
+    std::cout << "\n-Destruction superficielle de l'event " << mClassName << this;
   ++_nbDest;
   ClearListProcessAction();
 }

@@ -34,6 +34,7 @@ Process::Process(const Process& other)
 Process::~Process() {
   if (g_KV_TraceNewDelMode != 0)
     std::cout << "\n-Destruction du processus " << this << " (" << mClassName << ") ";
+  if (mAgendaCouples > 0) LeaveAgendas();
   RemoveInstance(this);
 }
 

@@ -28,7 +28,7 @@ class Process {
   explicit Process(bool withoutMethod);
   Process(const Process& other);
   Process& operator=(const Process&) = delete;
-  /// Leaves the methods alone.
+  /// Leaves the methods alone. An event that still waits with the process goes on without it.
   ~Process();
   /// Destroys the process as a Class and frees it; the allocation knows the size of what an application has
   /// derived from it.
@@ -153,6 +153,7 @@ class Process {
  private:
   friend class Event;
   friend struct Ranks;
+  void LeaveAgendas();  // EventDisposal.cpp
 
   ProcessSubclassId mSubclass = DISCRETE_PROCESS;
   int mClassSymbol = K_INT_UNSIGNIFICANT;

@@ -43,6 +43,5 @@ Simulation::~Simulation() {
     FreeCell(mAgendaEvents.HeadCell());
     event->DeleteInDepth();
   }
-  const Tableau<Process*> processes = Process::mpInstanceTab.Items();  // each deletion edits the original
-  for (Process* process : processes) DeleteProcessInDepth(process);
+  while (Process* const process = Process::mpInstanceTab.First()) DeleteProcessInDepth(process);
 }

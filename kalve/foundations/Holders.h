@@ -28,10 +28,7 @@ class HeldDomain {
   }
   void Share(const HeldDomain& other) {
     for (const std::shared_ptr<Spec>& held : other.mHeld)
-      if (held.get() == other.mpDomain && !Holds(held.get())) {
-        const std::shared_ptr<Spec> shared = held;
-        mHeld.push_back(shared);
-      }
+      if (held.get() == other.mpDomain && !Holds(held.get())) mHeld.push_back(held);
     mpDomain = other.mpDomain;
   }
 
@@ -90,10 +87,7 @@ class HeldTable {
     const Table* table = other.Get();
     Take(table != nullptr ? OwnedTable::Duplicate(*table) : nullptr);
   }
-  void Share(const HeldTable& other) {
-    const std::shared_ptr<Hold> shared = other.mHold;
-    mHold = shared;
-  }
+  void Share(const HeldTable& other) { mHold = other.mHold; }
   /// The table itself, made with room for `capacity` items when there is none.
   Table& Made(int capacity = 0) {
     if (Get() == nullptr) Take(new Table(capacity));

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "kalve/designs/DesignOfExperiment.h"
+#include "kalve/foundations/DeleteAs.h"
 #include "kalve/inputs/FactualDataFile.h"
 #include "kalve/inputs/OutputFile.h"
 #include "kalve/inputs/SequentialDataFile.h"
@@ -60,13 +61,13 @@ void DeleteFileInstances() {
     File* file = File::mpInstanceTab[i];
     switch (file->ClassType()) {
       case SEQUENTIAL_DATA_FILE:
-        delete static_cast<SequentialDataFile*>(file);
+        DeleteAs(static_cast<SequentialDataFile*>(file));
         break;
       case FACTUAL_DATA_FILE:
-        delete static_cast<FactualDataFile*>(file);
+        DeleteAs(static_cast<FactualDataFile*>(file));
         break;
       case OUTPUT_FILE:
-        delete static_cast<OutputFile*>(file);
+        DeleteAs(static_cast<OutputFile*>(file));
         break;
       case LEXICAL_INPUT_FILE:
       case SERIAL_DATA_FILE:

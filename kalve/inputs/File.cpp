@@ -4,6 +4,7 @@
 
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/Records.h"
+#include "kalve/foundations/Registry.h"
 #include "kalve/foundations/TraceSwitches.h"
 
 int File::mInstanceNumber = 0;
@@ -108,17 +109,11 @@ void File::AddInstance(File* file) {
 }
 
 void File::RemoveInstance(File* file) {
-  const int position = mpInstanceTab.position(file);
-  if (position < 0) InexistantInstance("File::RemoveInstance");
-  mpInstanceTab.remove(position);
+  TakeOut(mpInstanceTab, file, "File::RemoveInstance");
   --mInstanceNumber;
 }
 
-File* File::GetInstance(int rank) {
-  if (rank >= 0 && rank < mpInstanceTab.size()) return mpInstanceTab[rank];
-  TabIndexOutOfRange(rank, "File::GetInstance", &mpInstanceTab, rank, true);
-  exitOnException(0);
-}
+File* File::GetInstance(int rank) { return InstanceAt(mpInstanceTab, rank, "File::GetInstance"); }
 
 LexicalInputFile::LexicalInputFile() : File(1, READ_ACCESS, static_cast<OutputMode>(0)) {
   Become(LEXICAL_INPUT_FILE, "LexicalInputFile");

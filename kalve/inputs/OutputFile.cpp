@@ -4,6 +4,7 @@
 
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/Registry.h"
 
 Tableau<OutputFile*> OutputFile::mpInstanceTab;
 
@@ -26,15 +27,11 @@ OutputFile::OutputFile(const char* name, OutputMode mode) : File(outputFileSymbo
 OutputFile::~OutputFile() { mpInstanceTab.remove_first(this); }
 
 void OutputFile::RemoveInstance(OutputFile* file) {
-  const int rank = mpInstanceTab.position(file);
-  if (rank < 0) InexistantInstance("OutputFile::RemoveInstance");
-  mpInstanceTab.remove(rank);
+  TakeOut(mpInstanceTab, file, "OutputFile::RemoveInstance");
 }
 
 OutputFile* OutputFile::GetInstance(int rank) {
-  if (rank >= 0 && rank < mpInstanceTab.size()) return mpInstanceTab[rank];
-  TabIndexOutOfRange(rank, "OutputFile::GetInstance", &mpInstanceTab, rank, true);
-  exitOnException(0);
+  return InstanceAt(mpInstanceTab, rank, "OutputFile::GetInstance");
 }
 
 OutputFile* GetOutputFile(const char* simpleName) {

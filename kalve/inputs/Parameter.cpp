@@ -9,6 +9,7 @@
 #include "kalve/foundations/CoreSimTime.h"
 #include "kalve/foundations/CoreTime.h"
 #include "kalve/foundations/FailureReport.h"
+#include "kalve/foundations/Registry.h"
 #include "kalve/foundations/TraceSwitches.h"
 
 int Parameter::mInstanceNumber = 0;
@@ -47,16 +48,12 @@ void Parameter::AddInstance(Parameter* parameter) {
 }
 
 void Parameter::RemoveInstance(Parameter* parameter) {
-  const int rank = mpInstanceTab.position(parameter);
-  if (rank < 0) InexistantInstance("Parameter::RemoveInstance");
-  mpInstanceTab.remove(rank);
+  TakeOut(mpInstanceTab, parameter, "Parameter::RemoveInstance");
   --mInstanceNumber;
 }
 
 Parameter* Parameter::GetInstance(int rank) {
-  if (rank >= 0 && rank < mpInstanceTab.size()) return mpInstanceTab[rank];
-  TabIndexOutOfRange(rank, "Parameter::GetInstance", &mpInstanceTab, rank, true);
-  exitOnException(0);
+  return InstanceAt(mpInstanceTab, rank, "Parameter::GetInstance");
 }
 
 // Values ----------------------------------------------------------------------------------------------

@@ -159,7 +159,7 @@ struct Assignment {
   bool IsDynamic() const { return spec.mIsDynamic != 0; }
 };
 
-/// To the nearest int.
+/// Without its fraction, and no further than an int goes.
 int ToInt(double value) {
   return static_cast<int>(std::clamp(value, static_cast<double>(INT_MIN), static_cast<double>(INT_MAX)));
 }
@@ -433,13 +433,15 @@ void ExternEntityIterationSpec::execActionList(Liste<Entity*>* containers, Table
   long traced = 0;  // counts both lines of an iteration
   for (long i = mFirst; i <= mLast; ++i) {
     pass.iterator = static_cast<int>(i);
-    Trace("--> FOR niveau %d ITERATION n° %ld\titérateur = %d \n", mLevel, ++traced, pass.iterator);
+    if (g_KV_TraceParsingS != 0) ++traced;
+    Trace("--> FOR niveau %d ITERATION n° %ld\titérateur = %d \n", mLevel, traced, pass.iterator);
     set_nth_num(*iterators, mIteratorRank, pass.iterator);
     for (mActions.go_head(); mActions.is_current_in(); mActions.go_next()) {
       const KindRow* row = RowOf(mActions.current());
       if (row != nullptr && !row->act(pass, mActions.current())) return;
     }
-    Trace("--> FIN FOR niveau %d ITERATION n° %ld\titérateur = %d \n", mLevel, ++traced, pass.iterator);
+    if (g_KV_TraceParsingS != 0) ++traced;
+    Trace("--> FIN FOR niveau %d ITERATION n° %ld\titérateur = %d \n", mLevel, traced, pass.iterator);
   }
   Trace("FIN TRAITEMENT BOUCLE FOR\n");
 }

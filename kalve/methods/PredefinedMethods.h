@@ -2,6 +2,8 @@
 // arguments and default body. An owner's constructor allocates them, and the application assigns bodies.
 #pragma once
 
+#include <type_traits>
+
 #include "kalve/methods/CoreMethod.h"
 #include "kalve/methods/Method.h"
 #include "kalve/methods/PredefinedArguments.h"
@@ -13,7 +15,10 @@ class PredefinedMethod : public Leaf {
   static constexpr int predefinedId = id;
   static constexpr const char* predefinedName = className.text;
   static constexpr int argumentCount = sizeof...(Arguments);
-  static constexpr bool hasDefaultBody = defaultBody != nullptr;
+  // By types: under the sanitizers an address is no constant to compare.
+  template <typename Leaf::Body body>
+  using BodyType = std::integral_constant<typename Leaf::Body, body>;
+  static constexpr bool hasDefaultBody = !std::is_same_v<BodyType<defaultBody>, BodyType<nullptr>>;
 
   PredefinedMethod() : Leaf(id, className.text) {
     (this->AddArg(new Arguments), ...);

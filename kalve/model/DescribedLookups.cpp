@@ -10,12 +10,14 @@
 
 namespace {
 
-/// The instances of a class that may have descriptors.
+// Both look at the registry past GetEntityList, which would bind the class to the table that it hands out.
+
+/// The instances of a class that may have descriptors; fails as GetEntityList does.
 Tableau<DescriptedEntity*> DescribedInstances(int classId) {
+  if (classId < 0) BadEntityClassSpecification("GetEntityList");
   Tableau<DescriptedEntity*> described;
-  const Tableau<BasicEntity*>* const instances = GetEntityList(classId);
-  if (instances != nullptr)
-    for (BasicEntity* entity : *instances)
+  if (const MetaClass* const metaClass = GetMetaClass(classId))
+    for (BasicEntity* entity : metaClass->Instances())
       if (entity->EntityType() >= KV_DESCRIPTED_ENTITY)
         described.push_back(static_cast<DescriptedEntity*>(entity));
   return described;
@@ -31,10 +33,11 @@ Entity* FirstOfValue(const Tableau<DescriptedEntity*>& entities, IntGetter gette
 
 /// The descriptor of that name on the first instance of the class, or null.
 const Descriptor* NamedDescriptor(int classId, const char* name) {
-  const Tableau<BasicEntity*>* const instances = GetEntityList(classId);
-  if (instances == nullptr || instances->empty() || instances->front()->EntityType() < KV_DESCRIPTED_ENTITY)
-    return nullptr;
-  const auto& first = static_cast<const DescriptedEntity&>(*instances->front());
+  const MetaClass* const metaClass = GetMetaClass(classId);
+  if (metaClass == nullptr || metaClass->InstanceNumber() < 1) return nullptr;
+  const BasicEntity* const instance = metaClass->GetInstance(0);
+  if (instance->EntityType() < KV_DESCRIPTED_ENTITY) return nullptr;
+  const auto& first = static_cast<const DescriptedEntity&>(*instance);
   const auto isNamed = [name](const Descriptor* descriptor) {
     return std::strcmp(OrEmpty(descriptor->ClassName()), OrEmpty(name)) == 0;
   };

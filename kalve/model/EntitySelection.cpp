@@ -49,6 +49,7 @@ BasicEntity* CommonElementInSeveralEntities(Tableau<BasicEntity*>* entities) {
   return nullptr;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): applications rely on the table by value.
 Tableau<DescriptedEntity*>* EntityTabToDescriptedEntityTab(Tableau<BasicEntity*> entities) {
   auto* const described = new Tableau<DescriptedEntity*>(entities.size());
   for (BasicEntity* entity : entities) {

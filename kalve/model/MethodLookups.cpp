@@ -5,6 +5,7 @@
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Process.h"
 #include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/FailureReport.h"
 #include "kalve/methods/Method.h"
 #include "kalve/model/CoreFunction.h"
 #include "kalve/model/Entity.h"
@@ -38,6 +39,6 @@ int GetMethodSymbol(int classId, const char* name) {
   const BasicEntity* const first = metaClass->GetInstance(0);
   if (!HasMethods(*first)) return K_INT_UNSIGNIFICANT;
   for (const Method* method : static_cast<const Entity*>(first)->MethodTab())
-    if (std::strcmp(method->StoredClassName(), name) == 0) return method->ClassSymbol();
+    if (std::strcmp(OrEmpty(method->StoredClassName()), OrEmpty(name)) == 0) return method->ClassSymbol();
   return K_INT_UNSIGNIFICANT;
 }

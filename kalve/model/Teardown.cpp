@@ -1,9 +1,9 @@
 // The end of instances, classes and of everything.
 #include <iostream>
-#include <new>
 
 #include "kalve/engine/ProcessDispatch.h"
 #include "kalve/engine/Simulation.h"
+#include "kalve/foundations/DeleteAs.h"
 #include "kalve/inputs/DataFiles.h"
 #include "kalve/inputs/Parameter.h"
 #include "kalve/model/CoreFunction.h"
@@ -14,18 +14,11 @@
 
 namespace {
 
-/// The object may be of a class of the application: only its allocation knows the size.
-template <class Class>
-void Delete(Class* object) {
-  object->~Class();
-  ::operator delete(static_cast<void*>(object));
-}
-
 /// Walks a copy of the registry, which the destructors edit.
 template <class Class>
 void DeleteInstances(Tableau<Class*> instances) {
   for (Class* instance : instances)
-    if (instance != nullptr) Delete(instance);
+    if (instance != nullptr) DeleteAs(instance);
 }
 
 /// A deletion may bring other instances down: the count is read again each time.
@@ -83,7 +76,7 @@ void DeleteAll() {
   DeleteParameters();
   DeleteFileInstances();
   DeleteOutputSpecs();
-  if (pCurrentSim != nullptr) Delete(pCurrentSim);
+  if (pCurrentSim != nullptr) DeleteAs(pCurrentSim);
   pCurrentSim = nullptr;
   MemoryReport(0);
   DeleteEntityClasses();

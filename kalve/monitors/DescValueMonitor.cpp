@@ -2,6 +2,7 @@
 
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/FailureReport.h"
+#include "kalve/foundations/Registry.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/methods/PredefinedMethods.h"
 
@@ -156,11 +157,13 @@ void DescValueMonitor::AddInstance(DescValueMonitor* monitor) {
   ++mInstanceNumber;
 }
 
+DescValueMonitor* DescValueMonitor::GetInstance(int rank) {
+  return InstanceAt(mpInstanceTab, rank, "DescValueMonitor::GetInstance");
+}
+
 int DescValueMonitor::GetPosition(DescValueMonitor* monitor) { return mpInstanceTab.position(monitor); }
 
 void DescValueMonitor::RemoveInstance(DescValueMonitor* monitor) {
-  const int position = GetPosition(monitor);
-  if (position < 0) InexistantInstance("DescValueMonitor::RemoveInstance");
-  mpInstanceTab.remove(position);
+  TakeOut(mpInstanceTab, monitor, "DescValueMonitor::RemoveInstance");
   --mInstanceNumber;
 }

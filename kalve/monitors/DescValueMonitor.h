@@ -84,6 +84,8 @@ class DescValueMonitor {
   static void AddInstance(DescValueMonitor* monitor);
   /// InexistantInstance for a monitor that is not in the table.
   static void RemoveInstance(DescValueMonitor* monitor);
+  /// An index failure out of range.
+  static DescValueMonitor* GetInstance(int rank);
   /// Its rank in the table, -9 for none.
   static int GetPosition(DescValueMonitor* monitor);
   static int getNbConst() { return _nbConst; }

@@ -2,6 +2,7 @@
 
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/FailureReport.h"
+#include "kalve/foundations/Registry.h"
 #include "kalve/methods/PredefinedMethods.h"
 #include "kalve/model/BasicEntity.h"
 
@@ -81,14 +82,10 @@ void StructureMonitor::AddInstance(StructureMonitor* monitor) {
 }
 
 void StructureMonitor::RemoveInstance(StructureMonitor* monitor) {
-  const int position = mpInstanceTab.position(monitor);
-  if (position < 0) InexistantInstance("StructureMonitor::RemoveInstance");
-  mpInstanceTab.remove(position);
+  TakeOut(mpInstanceTab, monitor, "StructureMonitor::RemoveInstance");
   ++mInstanceNumber;
 }
 
 StructureMonitor* StructureMonitor::GetInstance(int rank) {
-  if (rank < 0 || rank >= mpInstanceTab.size())
-    FailOnIndex("StructureMonitor::GetInstance", mpInstanceTab.size(), rank);
-  return mpInstanceTab[rank];
+  return InstanceAt(mpInstanceTab, rank, "StructureMonitor::GetInstance");
 }

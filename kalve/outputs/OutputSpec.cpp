@@ -81,6 +81,13 @@ template <>
 Liste<OutputSpec*> ListedOutputSpec<ProcessOutputSpec>::mpInstanceList{};
 
 template <class Spec>
+void ListedOutputSpec<Spec>::PushBackInstanceList(OutputSpec* spec) {
+  for (const OutputSpec* listed : mpInstanceList)
+    if (listed == spec) return;
+  mpInstanceList.push_back(spec);
+}
+
+template <class Spec>
 void ListedOutputSpec<Spec>::DisplayInstanceList() {
   for (const OutputSpec* spec : mpInstanceList) std::printf("%s ", spec->TargetClassName());
   std::printf("\n");

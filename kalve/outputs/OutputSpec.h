@@ -159,7 +159,8 @@ class ListedOutputSpec : public OutputSpec {
  public:
   static Liste<OutputSpec*> InstanceList() { return mpInstanceList; }
   static void EraseInstanceList() { mpInstanceList.erase(); }
-  static void PushBackInstanceList(OutputSpec* spec) { mpInstanceList.push_back(spec); }
+  /// Nothing when the specification stands there, as it does from its construction on.
+  static void PushBackInstanceList(OutputSpec* spec);
   static void RemoveFirstInstanceList(OutputSpec* spec) { mpInstanceList.remove_first(spec); }
   static bool AreOutputSpec() { return mpInstanceList.empty() == 0; }
   /// Target classes, and addresses, on standard output, for debugging.

@@ -2,6 +2,7 @@
 #include <new>
 
 #include "kalve/model/BasicEntity.h"
+#include "kalve/outputs/DatabaseMDescOS.h"
 #include "kalve/outputs/OutputFileMDescOS.h"
 #include "kalve/outputs/OutputSpec.h"
 
@@ -16,6 +17,8 @@ void DestroyAs(MultipleDescriptorOS* writer) {
 void DeleteWriter(MultipleDescriptorOS* writer) {
   if (writer->GetSubClass() == MultipleDescriptorOS::textFile)
     DestroyAs<OutputFileMDescOS>(writer);
+  else if (writer->GetSubClass() == MultipleDescriptorOS::database)
+    DestroyAs<DatabaseMDescOS>(writer);
   else
     DestroyAs<MultipleDescriptorOS>(writer);
 }
@@ -35,17 +38,17 @@ void DeleteContent(const EntityOutputSpec& spec) {
 
 /// Walks a copy of the list, which the destructors edit.
 template <class Spec>
-void DeleteSpecs(Liste<OutputSpec*> specs) {
-  for (OutputSpec* spec : specs) delete static_cast<Spec*>(spec);
+void DeleteSpecs() {
+  for (OutputSpec* spec : Spec::InstanceList()) delete static_cast<Spec*>(spec);
   Spec::EraseInstanceList();
 }
 
 }  // namespace
 
 void DeleteOutputSpecs() {
-  DeleteSpecs<EventOutputSpec>(EventOutputSpec::InstanceList());
-  DeleteSpecs<ProcessOutputSpec>(ProcessOutputSpec::InstanceList());
+  DeleteSpecs<EventOutputSpec>();
+  DeleteSpecs<ProcessOutputSpec>();
   for (OutputSpec* spec : EntityOutputSpec::mpInstanceList)
     DeleteContent(*static_cast<EntityOutputSpec*>(spec));
-  DeleteSpecs<EntityOutputSpec>(EntityOutputSpec::InstanceList());
+  DeleteSpecs<EntityOutputSpec>();
 }

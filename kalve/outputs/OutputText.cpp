@@ -28,11 +28,23 @@ std::FILE* Opened(OutputFile* file) {
 
 }  // namespace
 
-OutputText::OutputText(OutputFile* file) : mFile(file) { Opened(file); }
+OutputText* OutputText::sFirst = nullptr;
+
+OutputText::OutputText(OutputFile* file) : mFile(file), mNext(sFirst) {
+  Opened(file);
+  static const int registered = std::atexit(WriteAll);
+  static_cast<void>(registered);
+  sFirst = this;
+}
 
 OutputText::~OutputText() {
+  sFirst = mNext;
   Write();
   mFile->Close();
+}
+
+void OutputText::WriteAll() {
+  for (OutputText* text = sFirst; text != nullptr; text = text->mNext) text->Write();
 }
 
 void OutputText::Write() {

@@ -10,7 +10,8 @@ OutputFile* NewOutputFile(const char* name, OutputMode mode);
 /// The same, or null for an empty name.
 OutputFile* NewOutputFileIfNamed(const char* name, OutputMode mode);
 
-/// A file that is open as long as the object stands. Its text is gathered and written in large pieces.
+/// A file that is open as long as the object stands. Its text is gathered and written in large pieces; a
+/// failure that ends the process leaves in the file what came before it. Objects on the stack only.
 class OutputText {
  public:
   /// BadFileName for null as for a file that cannot be opened.
@@ -31,9 +32,12 @@ class OutputText {
   static constexpr std::size_t pieceSize = 65536;
 
   void Write();
+  static void WriteAll();
 
   OutputFile* mFile;
   std::string mText;
+  OutputText* mNext;
+  static OutputText* sFirst;  // of all that stand, the last one first
 };
 
 /// Opens the file, and leaves the text in the buffer of its stream, which is written when the process ends;

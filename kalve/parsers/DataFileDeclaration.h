@@ -21,7 +21,7 @@ class DataFileDeclaration {
     return mSymbol == other.mSymbol && mClassName == other.mClassName;
   }
 
-  enum Part : int { FULL_NAME, PATH, SIMPLE_NAME, FORMAT, KEY_FORMAT, DATA_FORMAT, PART_COUNT };
+  enum Part : unsigned { FULL_NAME, PATH, SIMPLE_NAME, FORMAT, KEY_FORMAT, DATA_FORMAT, PART_COUNT };
   /// Each part once; a full name excludes path and simple name, a whole format its two parts. A name is not
   /// empty.
   void Set(const Position& where, Part part, const std::string& text);

@@ -145,7 +145,7 @@ void DirectiveFile::NameFile(DataFileNames& reader) const {
 
 int DirectiveFile::FileSymbol() const {
   if (process.reads->symbol) return *process.reads->symbol;
-  const char* name = process.reads->name.c_str();
+  const char* name = Interned(process.reads->name);
   int symbol = K_SerialDataFileIdFromString(name);
   if (symbol == K_INT_UNSIGNIFICANT && pApp_SerialDataFileIdFromString != nullptr)
     symbol = pApp_SerialDataFileIdFromString(name);

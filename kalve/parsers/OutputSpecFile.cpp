@@ -8,6 +8,7 @@
 #include "kalve/model/MetaClass.h"
 #include "kalve/outputs/OutputFileMDescOS.h"
 #include "kalve/outputs/OutputSpec.h"
+#include "kalve/outputs/PostgresqlMDescOS.h"
 #include "kalve/parsers/Latin1.h"
 
 OutputSpecFile::OutputSpecFile(LexicalInputFile* file)
@@ -166,7 +167,7 @@ void OutputSpecFile::CheckParameters() const {
     if (!mSeries.file)
       FaultInFile(where, "PARAMETER : les paramètres ne s'écrivent que dans un fichier (FILE)");
     if (ident1 == "ALL" || ident1 == "GROUP") continue;
-    const FailureContext context([&where] { AnnounceFault(where, "PARAMETER"); });
+    const FailureContext context([&at = where] { AnnounceFault(at, "PARAMETER"); });
     GetParameter(ident1.c_str(), ident2.c_str());
   }
 }
@@ -202,5 +203,17 @@ void OutputSpecFile::DeclareInFile() const {
 }
 
 void OutputSpecFile::DeclareInDatabase() const {
-  FaultInFile(mSeries.where, "DATABASE : ce noyau n'écrit pas de séries dans une base de données");
+  using Statement = DatabaseOutput::Statement;
+  const DatabaseOutput& database = *mSeries.database;
+  const int isRecorded = mSeries.isRecorded ? 1 : 0;
+  DatabaseMDescOS* writer = nullptr;
+  if (database.statement == Statement::COPY)
+    writer = new PostgresqlMDescOS(0, isRecorded, 1);
+  else
+    writer = new AltPostgresqlMDescOS(0, isRecorded, 1);
+  writer->SetTimeType(mSeries.timeType);
+  writer->SetAllOrFinal(mSeries.values);
+  Register(*writer, mSeries);
+  writer->ConfigureDatabase(database.user.c_str(), database.name.c_str(), database.table.c_str(),
+                            database.password.c_str());
 }

@@ -12,7 +12,7 @@
 
 /// What is kept of the structure of a class.
 struct StructureOutput {
-  enum Request : int { CREATION, COMPONENT, ELEMENT, REQUEST_COUNT };
+  enum Request : unsigned { CREATION, COMPONENT, ELEMENT, REQUEST_COUNT };
 
   Position where = {};
   std::string className = {};

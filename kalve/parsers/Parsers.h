@@ -10,11 +10,13 @@
 void Simu_Parser(LexicalInputFile* file);
 /// System parameters, each made as soon as it is read (BadDateParameterValue for a date that does not exist).
 void Param_Parser(LexicalInputFile* file);
-/// Entities with their links, values and bodies (SimulationNotYetCreated without pCurrentSim).
+/// Entities with their links, values and bodies, and selections (SimulationNotYetCreated without
+/// pCurrentSim).
 void Structure_Parser(LexicalInputFile* file);
 /// What a run keeps of entities, events and processes; to be read before any of them is made.
 void OutputSpec_Parser(LexicalInputFile* file);
-/// Directives: events for the agenda of pCurrentSim (SimulationNotYetCreated without one).
+/// Directives: events and their processes for the agenda of pCurrentSim (SimulationNotYetCreated without
+/// one), processes that read data files, and selections.
 void Directive_Parser(LexicalInputFile* file);
 /// A design of experiments, which becomes g_KV_DOE.
 void Expe_Parser(LexicalInputFile* file);

@@ -24,10 +24,10 @@ EntitySpec* NamedSelection(const Position& where, const std::string& name) {
 
 namespace {
 
-EntitySpec* MadeByName(const std::string& name) {
-  EntitySpec* spec = K_NewEntitySpecFromString(name.c_str());
-  if (spec == nullptr && pApp_NewEntitySpecFromString != nullptr)
-    spec = pApp_NewEntitySpecFromString(name.c_str());
+/// Whoever makes the selection may keep the name.
+EntitySpec* MadeByName(const char* name) {
+  EntitySpec* spec = K_NewEntitySpecFromString(name);
+  if (spec == nullptr && pApp_NewEntitySpecFromString != nullptr) spec = pApp_NewEntitySpecFromString(name);
   return spec;
 }
 
@@ -46,7 +46,7 @@ void Selection::Begin(const Position& where, const std::string& name, const std:
   mName = name;
   if (GetNamedEntitySpec(name.c_str()) != nullptr)
     FaultInFile(where, "SPEC " + Quoted(name) + " : une autre sélection porte déjà ce nom");
-  mSpec = MadeByName(name);
+  mSpec = MadeByName(Interned(name));
   if (mSpec == nullptr) {
     if (className.empty()) {
       AnnounceFault(where, "sélection inconnue : " + Quoted(name) + " (une sélection nouvelle demande OF)");
@@ -99,12 +99,13 @@ void Selection::SetReferent(const Position& where, const std::string& name) {
 }
 
 void Selection::AddCondition(const Position& where, const std::string& name) {
-  DescValueSpec* condition = K_NewDescValueSpecFromString(name.c_str());
+  const char* const kept = Interned(name);
+  DescValueSpec* condition = K_NewDescValueSpecFromString(kept);
   if (condition == nullptr && pApp_NewDescValueSpecFromString != nullptr)
-    condition = pApp_NewDescValueSpecFromString(name.c_str());
+    condition = pApp_NewDescValueSpecFromString(kept);
   if (condition == nullptr) {
     AnnounceFault(where, "condition inconnue : " + Quoted(name));
-    UnknownClassName("K_NewDescValueSpecFromString", name.c_str());
+    UnknownClassName("K_NewDescValueSpecFromString", kept);
   }
   mSpec->AddDescValueSpec(condition);
 }
@@ -112,7 +113,10 @@ void Selection::AddCondition(const Position& where, const std::string& name) {
 /// Conditions alone do not select: the expansion asks for a predicate.
 void Selection::End() {
   if (!mSpec->GetMethod(SELECTOR_PREDICATE)->HasBodyAssigned()) mSpec->AssignSelectorPredicate(gAlwaysTrue);
-  if (mSpec->GetMode() != INSTANTIATE || mSpec->GetQuantificatorId() == NFIRST) return;
+  if (mSpec->GetMode() != INSTANTIATE) return;
+  if (mClassCondition)
+    FaultInFile(*mClassCondition, "CLASS ne donne pas de valeur à une entité nouvelle (INSTANTIATE)");
+  if (mSpec->GetQuantificatorId() == NFIRST) return;
   AnnounceFault(mWhere, "SPEC " + Quoted(mName) + " : INSTANTIATE demande NFIRST");
   BadQuantitySpecification(mSpec->GetReferenceClassId(), mSpec->GetQuantificatorId(), mSpec->IntQuantity());
 }
@@ -219,6 +223,8 @@ void Selection::AddCondition(const ValueCondition& condition) {
     FaultInFile(condition.where,
                 Text("%s : un descripteur de type %s ne se compare pas", shown.c_str(), TypeWord(key.type)));
   row->check(condition, key.type);
+  const SelectedValue& first = condition.values.front();
+  if (first.kind == Kind::classOfEntities && condition.relation == IN) mClassCondition = first.where;
   const FailureContext context([&] { AnnounceFault(condition.where, shown); });
   mSpec->AddDescValueSpec(row->make(condition, key.id));
 }
@@ -235,15 +241,16 @@ Selection::DescriptorKey Selection::KeyOf(const ValueCondition& condition) const
                   Text("%s : le descripteur est de type %s", shown.c_str(), TypeWord(ValueTypeId{type})));
     return {GetDescriptorSymbol(classId, name), ValueTypeId{type}};
   }
-  const Tableau<BasicEntity*>* instances = GetEntityList(classId);
-  const bool isInhabited = instances != nullptr && !instances->empty();
-  if (condition.type == VOID && !isInhabited)
+  const MetaClass* const metaClass = GetMetaClass(classId);
+  const BasicEntity* const instance =
+      metaClass != nullptr && metaClass->InstanceNumber() > 0 ? metaClass->GetInstance(0) : nullptr;
+  if (condition.type == VOID && instance == nullptr)
     FaultInFile(condition.where, Text("%s : la classe n'a pas d'instance, le type doit être écrit (%s)",
                                       shown.c_str(), typeWords));
   const int id = condition.type != VOID ? NumberOf(condition.descriptor) : K_INT_UNSIGNIFICANT;
   if (id >= 0) return {id, condition.type};
   AnnounceFault(condition.where, shown + " : descripteur inconnu");
-  if (!isInhabited || instances->front()->EntityType() < KV_DESCRIPTED_ENTITY)
+  if (instance == nullptr || instance->EntityType() < KV_DESCRIPTED_ENTITY)
     UnknownClassName("K_EnumToInt", name);
-  InexistantDescriptor(static_cast<const DescriptedEntity*>(instances->front()), K_INT_UNSIGNIFICANT, name);
+  InexistantDescriptor(static_cast<const DescriptedEntity*>(instance), K_INT_UNSIGNIFICANT, name);
 }

@@ -2,6 +2,7 @@
 // its own reads it, so that its words are reserved nowhere else.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -44,7 +45,8 @@ class Selection {
   void AddCondition(const ValueCondition& condition);
   /// One that the application makes; UnknownClassName.
   void AddCondition(const Position& where, const std::string& name);
-  /// BadQuantitySpecification for one that makes entities without end.
+  /// BadQuantitySpecification for one that makes entities without end; one that cannot initialise them is a
+  /// fault.
   void End();
 
  private:
@@ -61,6 +63,7 @@ class Selection {
   bool mHasMode = false;
   bool mHasQuantity = false;
   bool mHasReferent = false;
+  std::optional<Position> mClassCondition;  ///< one that a new entity cannot draw a value from
 };
 
 /// Reads the rest of a selection, its SPEC having been read.

@@ -9,6 +9,7 @@
 #include <unordered_set>
 
 #include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/DeleteAs.h"
 #include "kalve/foundations/FailureReport.h"
 #include "kalve/foundations/Rng.h"
 #include "kalve/foundations/TraceSwitches.h"
@@ -145,15 +146,15 @@ void DescValueSpec::DeleteByType(DescValueSpec* spec) {
   if (spec == nullptr) return;
   switch (static_cast<int>(spec->mValueType)) {
     case INT:
-      return delete static_cast<DescIntValueSpec*>(spec);
+      return DeleteAs(static_cast<DescIntValueSpec*>(spec));
     case FLOAT:
-      return delete static_cast<DescFloatValueSpec*>(spec);
+      return DeleteAs(static_cast<DescFloatValueSpec*>(spec));
     case DOUBLE:
-      return delete static_cast<DescDoubleValueSpec*>(spec);
+      return DeleteAs(static_cast<DescDoubleValueSpec*>(spec));
     case STRING:
-      return delete static_cast<DescStringValueSpec*>(spec);
+      return DeleteAs(static_cast<DescStringValueSpec*>(spec));
     case P_ENTITY:
-      return delete static_cast<DescEntityValueSpec*>(spec);
+      return DeleteAs(static_cast<DescEntityValueSpec*>(spec));
     default:
       return;
   }

@@ -4,6 +4,7 @@
 
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/FailureReport.h"
+#include "kalve/foundations/Registry.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/methods/PredefinedMethods.h"
 #include "kalve/model/MetaClass.h"
@@ -193,14 +194,10 @@ void EntitySpec::AddInstance(EntitySpec* spec) {
 }
 
 void EntitySpec::RemoveInstance(EntitySpec* spec) {
-  const int position = mpInstanceTab.position(spec);
-  if (position < 0) InexistantInstance("EntitySpec::RemoveInstance");
-  mpInstanceTab.remove(position);
+  TakeOut(mpInstanceTab, spec, "EntitySpec::RemoveInstance");
   --mInstanceNumber;
 }
 
 EntitySpec* EntitySpec::GetInstance(int rank) {
-  if (rank < 0 || rank >= mpInstanceTab.size())
-    FailOnIndex("EntitySpec::GetInstance", mpInstanceTab.size(), rank);
-  return mpInstanceTab[rank];
+  return InstanceAt(mpInstanceTab, rank, "EntitySpec::GetInstance");
 }

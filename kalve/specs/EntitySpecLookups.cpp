@@ -1,6 +1,7 @@
 // Entity specifications by name or class, and their common end.
 #include <cstring>
 
+#include "kalve/foundations/DeleteAs.h"
 #include "kalve/model/CoreFunction.h"
 #include "kalve/specs/EntitySpec.h"
 
@@ -18,5 +19,6 @@ EntitySpec* GetFirstEntitySpec(int classId) {
 
 void DeleteEntitySpecs() {
   const Tableau<EntitySpec*> specs = EntitySpec::mpInstanceTab;
-  for (EntitySpec* spec : specs) delete spec;
+  for (EntitySpec* spec : specs)
+    if (spec != nullptr) DeleteAs(spec);
 }

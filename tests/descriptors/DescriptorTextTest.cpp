@@ -178,6 +178,7 @@ TEST_F(DescriptorText, TracesNameTheClasses) {
     {
       const DescriptorNameAttribute name;
       const FloatVariableDescriptor weight;
+      // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): copies are traced too.
       const FloatVariableDescriptor copy(weight);
       const DescValueSpecTabVariableDescriptor specs;
     }

@@ -19,16 +19,17 @@ Entities* NewEntities(std::initializer_list<BasicEntity*> entities) {
   return table;
 }
 
+/// Whether the body ends in the failure of that banner.
+bool Fails(const char* failure, const std::function<void()>& body) {
+  return FailureOf(body).find(std::string("============== ") + failure + " ==") != std::string::npos;
+}
+
 class EntityDescriptors : public ModelTest {
  protected:
   EntityDescriptors() {
     cow.SetInstanceName("a");
     bull.SetInstanceName("b");
     farm.SetInstanceName("f");
-  }
-  /// The body of a call that must fail with the banner.
-  static bool Fails(const char* failure, const std::function<void()>& body) {
-    return FailureOf(body).find(std::string("============== ") + failure + " ==") != std::string::npos;
   }
 
   Thing cow{ANIMAL, COW};
@@ -269,9 +270,29 @@ BasicEntity* AnswerEntity(MonitorMethod* m) {
   return gAnswer == Accepting ? m->GetBasicEntityArgValue(35) : gOther;
 }
 
-// What an operation leaves of a table of a and b with the list Cow, b being a Bull: "fails", or the names.
+using Herd = EntityTabVariableDescriptor;
+
+/// What the operation leaves of a table of a and b with the list Cow, b being a Bull: "fails", or the names.
+void ExpectLeft(const std::string& left, Answer answer, Tableau<BasicEntity*>* cowAndBull,
+                const std::function<void(Herd&)>& operation) {
+  EntityTabDescValueMonitor watch("watch");
+  watch.AssignWhenSetEntityTabMethod(AnswerTable);
+  watch.AssignWhenAddEntityMethod(AnswerAddition);
+  watch.AssignWhenRemoveEntityMethod(AnswerRemoval);
+  Herd herd(20, "herd");
+  herd.ValueClassId(COW);
+  herd.SetValue(cowAndBull);
+  if (answer != Unwatched) watch.AttachToDescriptor(&herd);
+  gAnswer = answer;
+  if (left == "fails") {
+    EXPECT_TRUE(Fails("OutOfEntityDomain", [&] { operation(herd); }));
+    return;
+  }
+  operation(herd);
+  EXPECT_EQ(RecordedNames(herd.GetEntityTabValue()), '"' + left + '"');
+}
+
 TEST_F(EntityDescriptors, ListLooksAtACandidateAndTheMonitorHasTheLastWord) {
-  using Herd = EntityTabVariableDescriptor;
   Thing heifer{ANIMAL, COW};
   heifer.SetInstanceName("c");
   gOther = &farm;
@@ -342,24 +363,9 @@ TEST_F(EntityDescriptors, ListLooksAtACandidateAndTheMonitorHasTheLastWord) {
   for (const auto& row : rows)
     for (const bool isInside : {true, false})
       for (const Answer answer : {Unwatched, Accepting, Changing, Refusing}) {
-        EntityTabDescValueMonitor watch("watch");
-        watch.AssignWhenSetEntityTabMethod(AnswerTable);
-        watch.AssignWhenAddEntityMethod(AnswerAddition);
-        watch.AssignWhenRemoveEntityMethod(AnswerRemoval);
-        Herd herd(20, "herd");
-        herd.ValueClassId(COW);
-        herd.SetValue(NewEntities({&cow, &bull}));
-        if (answer != Unwatched) watch.AttachToDescriptor(&herd);
-        gAnswer = answer;
-        const std::string& left = (isInside ? row.leftInside : row.leftOutside)[answer];
-        const auto operate = [&] { row.operation(herd, isInside ? row.inside : row.outside); };
         SCOPED_TRACE(testing::Message() << row.name << " " << isInside << " " << answer);
-        if (left == "fails") {
-          EXPECT_TRUE(Fails("OutOfEntityDomain", operate));
-          continue;
-        }
-        operate();
-        EXPECT_EQ(RecordedNames(herd.GetEntityTabValue()), '"' + left + '"');
+        ExpectLeft((isInside ? row.leftInside : row.leftOutside)[answer], answer, NewEntities({&cow, &bull}),
+                   [&](Herd& herd) { row.operation(herd, isInside ? row.inside : row.outside); });
       }
 }
 

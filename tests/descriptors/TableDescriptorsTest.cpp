@@ -149,7 +149,7 @@ TEST(StringTables, ValueAndDefaultMayBeOneTable) {
       [](auto& names) { names.SetDefaultValue(nullptr); },
       [](auto& names) { names.SetToDefaultValue(names.GetValue()); },
       [](auto& names) { names.SetToDefaultValue(new Tableau<char*>); },
-      [](auto& names) { StringTabConstantDescriptor copy(names); },
+      [](auto& names) { static_cast<void>(StringTabConstantDescriptor(names)); },
       [](auto& names) {
         StringTabConstantDescriptor other;
         other.AddValueElement(strdup("perdu"));

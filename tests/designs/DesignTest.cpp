@@ -247,7 +247,9 @@ TEST_F(DesignTest, FailsOnParametersThatAreNotThereOrOfAnotherType) {
   const Tableau<Parameter*> kept(Parameter::mpInstanceTab);
   for (const std::function<void()>& access :
        {std::function<void()>([&] { factor->NextSimulationSettings(); }),
-        {[&] { factor->AddUnifiedValue(1, nullptr); }}}) {
+        {[&] { factor->AddUnifiedValue(1, nullptr); }},
+        {[&] { factor->Display(); }},
+        {[&] { factor->DisplayIds(); }}}) {
     const std::string output = RunInChild(access).output;
     EXPECT_NE(output.find("indice 1, taille du tableau 1.\nERROR \n"), std::string::npos) << output;
   }

@@ -294,17 +294,18 @@ TEST(Subscriptions, TheAgendaComesAtEachPause) {
   const std::string step = "EXEC EVENTSTEP ";
   const std::string end = "WAIT MESSAGE\n";
   const std::string sale = "\"sale\" ; 35 ; 10 | \"weighing\" ; 60 ; 20 | } \n";
-  const std::string from10 =
-      "ANSWER AGENDA {" + date10 + " | \"calving\" ; 20 ; 10 | \"weighing\" ; 20 ; 30 | " + sale;
-  const std::string from20 = "ANSWER AGENDA {" + date20 + " | \"weighing\" ; 20 ; 30 | " + sale;
+  const std::string first = "\n" + Update(date10) + "ANSWER AGENDA {" + date10 +
+                            " | \"calving\" ; 20 ; 10 | \"weighing\" ; 20 ; 30 | " + sale + end;
+  const std::string second = "\n" + drawn + Update(date20) + "ANSWER AGENDA {" + date20 +
+                             " | \"weighing\" ; 20 ; 30 | " + sale + end;
   const std::string ends[] = {"QUERY AGENDA 1", "UNQUERY GRAPH nobody PERMANENTAGENDA"};
   for (const std::string& words : ends) {
     UserInterface user;
     EXPECT_EQ(user.Answer("QUERY PERMANENTAGENDA 1"), "\n");
-    EXPECT_EQ(user.Ask(step, end), "\n" + Update(date10) + from10 + end);
+    EXPECT_EQ(user.Ask(step, end), first);
     // No subscription ends under an entity's name, nor under another word.
     EXPECT_EQ(user.Answer("UNQUERY GRAPH marguerite PERMANENTAGENDA UNQUERY PERMANENTAGENDA"), "");
-    EXPECT_EQ(user.Ask(step, end), "\n" + drawn + Update(date20) + from20 + end);
+    EXPECT_EQ(user.Ask(step, end), second);
     user.Answer(words);
     EXPECT_EQ(user.Ask(step, end), "\n" + Pause(date20));
   }

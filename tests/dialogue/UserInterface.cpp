@@ -87,7 +87,7 @@ std::string UserInterface::ReadUntil(const std::string& end) {
   std::size_t found;
   while ((found = mCome.find(end)) == std::string::npos)
     if (!ReadMore(patience)) return std::exchange(mCome, "");
-  const std::string answer = mCome.substr(0, found + end.size());
+  std::string answer = mCome.substr(0, found + end.size());
   mCome.erase(0, answer.size());
   return answer;
 }

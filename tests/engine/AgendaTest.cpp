@@ -1,13 +1,16 @@
 // The agenda against a naive one, through random operations.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <random>
 #include <vector>
 
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
+#include "kalve/foundations/CoreException.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/Owned.h"
 
@@ -129,6 +132,23 @@ TEST_F(AgendaTest, AnEventWithoutProcessEndsTheRunInTheFormThatAsksForOne) {
   EXPECT_EQ(simulation.InsertInAgendaEvents(new Event("seule")), 1);
   EXPECT_EQ(RunInChild([&] { simulation.InsertInAgendaEvents(new Event("vêlage")); }).output,
             "\n!!! On n'a pas specifié le ou les processus géré(s). !!!\n    événement : vêlage\nERROR \n");
+  // The other form warns of the event, and of the one that it stands beside.
+  EXPECT_EQ(OutputOf([&] {
+              g_KV_TraceWarnings = 1;
+              simulation.InsertInAgendaEvents(new Event("vêlage"), 99, 0);
+            }),
+            "\n!!! La liste des couples (processus action) de l'événement 'vêlage' est vide."
+            "\n!!! La liste des couples (processus action) de l'événement 'seule' est vide.");
+}
+
+TEST_F(AgendaTest, ADelayOfAnotherEventThanTheHeadDoesNotReturn) {
+  Insert("a", 1, 1);
+  Event* second = Insert("b", 2, 1);
+  const ChildOutcome outcome = RunInChild([&] {
+    ualarm(200000, 0);
+    simulation.DelayInAgendaEvents(second, 1);
+  });
+  EXPECT_EQ(outcome.signal, SIGALRM);
 }
 
 TEST_F(AgendaTest, ProbabilityDrawsOnceBeforeAnyLookAtTheAgenda) {

@@ -11,6 +11,7 @@
 #include "kalve/engine/PredefinedEvents.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/methods/Method.h"
+#include "kalve/methods/MethodTable.h"
 #include "kalve/methods/PredefinedIds.h"
 #include "tests/support/ChildProcess.h"
 
@@ -195,6 +196,52 @@ TEST_F(ConsequencesTest, DelaysAreDrawnBetweenTheirBounds) {
     last = simulation->Clock();
   }
   EXPECT_EQ(delays, (std::set<int>{2, 3, 4}));
+}
+
+// The event leaves its methods to a successor of its class, even to one that it does not share them with.
+TEST_F(ConsequencesTest, AProcessThatTheSuccessorHoldsKeepsItsMethods) {
+  DiscreteProcess* milking = NewMilking();
+  Event* event = Post(milking, EXEC, 3);
+  event->SetGenerateNextEvent([](EventMethod* m) {
+    if (pCurrentSim->Clock() > 3) return false;
+    auto* next = new Event(30, "événement");
+    next->AddProcessAction(m->DescribedEvent()->FirstProcess(), EXEC);
+    next->SetOccurrenceClockTime(6);
+    m->DescribedEvent()->SetNextEvent(next);
+    return true;
+  });
+  const Tableau<Method*> left = event->MethodTab();
+  Method* exec = milking->GetMethod(EXEC_PROCESS);
+  simulation->RunBatch(1);
+  EXPECT_EQ(milking->GetMethod(EXEC_PROCESS), exec);
+  EXPECT_EQ(Run(), "traite@3 traite@6 ");
+  for (Method* method : left) DestroyMethod(method);
+}
+
+TEST_F(ConsequencesTest, AnEventGoesOnWithoutAProcessThatDied) {
+  DiscreteProcess* milking = NewMilking();
+  Event* removed = Post(milking, EXEC, 3);
+  Post(milking, EXEC, 5)->AddProcessAction(NewMilking(), EXEC);
+  milking->DeleteInDepth();
+  simulation->RemoveFromAgendaEvents(removed, 1);
+  EXPECT_EQ(Run(), "traite@5 ");
+}
+
+TEST_F(ConsequencesTest, ACopyOfTheSimulationRunsItsOwnEvents) {
+  simulation->SetEndClock(20);
+  Post(NewMilking(), EXEC, 7, 10);
+  Post(NewGrass(2), INIT, 7, 20);
+  {
+    Simulation copy(*simulation);
+    pCurrentSim = &copy;
+    EXPECT_EQ(copy.EndClock(), 20);
+    copy.RunBatch(10);
+    EXPECT_EQ(gLog, "traite@7 init@7 ");
+    pCurrentSim = simulation;
+  }
+  // The end of a simulation frees the processes of all.
+  EXPECT_EQ(simulation->RunBatch(10), 2);
+  EXPECT_EQ(gLog, "traite@7 init@7 ");
 }
 
 TEST_F(ConsequencesTest, FlagsWithoutBodiesEndTheRun) {

@@ -173,7 +173,7 @@ TEST(Event, TracesAndCountsConstructionsAndDestructions) {
   });
   EXPECT_EQ(output.find("\n+Construction de l'event 0x"), 0U);
   EXPECT_NE(output.find("\n-Destruction profonde de l'event "), std::string::npos);
-  EXPECT_NE(output.find("\n-Destruction superficielle de l'event traite 0x"), std::string::npos);
+  EXPECT_NE(output.find("\n-Destruction superficielle de l'event traite0x"), std::string::npos);
   EXPECT_EQ(Event::getNbConst() - Event::getNbDest(), built);
 }
 

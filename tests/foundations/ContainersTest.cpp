@@ -10,6 +10,7 @@
 #include "kalve/foundations/Records.h"
 #include "kalve/foundations/Tableau.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/Throws.h"
 
 namespace {
 
@@ -19,16 +20,6 @@ Tableau<int> Table(std::initializer_list<int> items) {
   Tableau<int> table;
   for (int item : items) table.push_back(item);
   return table;
-}
-
-template <class Operation>
-bool Throws(Operation operation) {
-  try {
-    operation();
-  } catch (int) {
-    return true;
-  }
-  return false;
 }
 
 TEST(Tableau, FollowsAVectorThroughRandomOperations) {

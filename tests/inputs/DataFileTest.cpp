@@ -256,12 +256,19 @@ TEST(Files, AreFoundByPathAndNeverByClassAmongOutputs) {
   Assign_App_SerialDataFileIdFromStringFunction(nullptr);
 }
 
+/// A class of an application, with something of its own.
+class MilkFile : public SequentialDataFile {
+ public:
+  MilkFile() : SequentialDataFile(milk, READ_ACCESS, OM_APPEND) { AddFourFields(*this); }
+  double mSums[4] = {};
+};
+
 TEST(Files, AreDeletedByKindTogetherWithTheDesign) {
   const int alive = File::getNbConst() - File::getNbDest();
   {
     SerialDataFile plain(30, READ_ACCESS, OM_APPEND);
     LexicalInputFile text;
-    AddFourFields(*new SequentialDataFile(milk, READ_ACCESS, OM_APPEND));
+    new MilkFile;
     AddFourFields(*new FactualDataFile(facts, READ_ACCESS, OM_APPEND));
     new OutputFile("a", OM_APPEND);
     g_KV_DOE = new FactorialDesignOfExperiment;

@@ -5,6 +5,7 @@
 #include "kalve/methods/Method.h"
 #include "kalve/methods/MethodTable.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/Throws.h"
 
 namespace {
 
@@ -17,16 +18,6 @@ struct Owner {
     return static_cast<EntityMethod*>(methods[id])->Call<Result>();
   }
 };
-
-template <class Operation>
-bool Throws(Operation operation) {
-  try {
-    operation();
-  } catch (int) {
-    return true;
-  }
-  return false;
-}
 
 TEST(MethodTable, FindsTheLaterOfAnIdAndTheFirstOfAName) {
   Owner owner;

@@ -108,7 +108,7 @@ TEST_F(DescribedEntityTest, LookupsThatFailSayWhatWasSought) {
       {failure("InexistantDescriptor", "de classe : 42", false),
        [](E& e) { e.GetIntConstValue(VariableId(INT)); }},
   };
-  for (const auto& [expected, run] : cases) EXPECT_EQ(FailureOf([&] { run(*cow); }), expected);
+  for (const auto& [expected, run] : cases) EXPECT_EQ(FailureOf([&, &body = run] { body(*cow); }), expected);
 }
 
 TEST_F(DescribedEntityTest, ADescriptorGoesAmongItsKind) {
@@ -353,7 +353,7 @@ TEST_F(DescribedEntityTest, OnAConstantATriggerIsToldToBeUseless) {
       {change(ENTITY_TAB, "AddEntityValueElement(DescriptorId, Entity*, Boolean)"),
        [](E& e) { e.AddEntityValueElement(ConstantId(ENTITY_TAB), &e, 0); }},
   };
-  for (const auto& [expected, run] : cases) EXPECT_EQ(OutputOf([&] { run(*cow); }), expected);
+  for (const auto& [expected, run] : cases) EXPECT_EQ(OutputOf([&, &body = run] { body(*cow); }), expected);
   EXPECT_EQ(OutputOf([&] {
               cow->SetIntValue(ConstantId(INT), 7, 0);
               if (cow->GetIntConstValue(ConstantId(INT)) != 7) std::printf("not set");

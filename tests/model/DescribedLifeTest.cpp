@@ -298,11 +298,13 @@ TEST_F(OrderTest, FirstOfAValueAndDescriptorsByName) {
   EXPECT_EQ(GetFirstEntityOnDescIntValue(UDDER, 60, 1), nullptr);
   EXPECT_NE(FailureOf([] { GetFirstEntityOnDescIntValue(BULL, 64, 1); }).find(" InexistantDescriptor "),
             std::string::npos);
+  EXPECT_NE(FailureOf([] { GetFirstEntityOnDescIntVarValue(-9, 60, 1); }).find("'GetEntityList'"),
+            std::string::npos);
   EXPECT_EQ(GetDescriptorSymbol(BULL, "taille"), 61);
   EXPECT_EQ(GetDescriptorType(BULL, "taille"), FLOAT);
   EXPECT_EQ(GetDescriptorType(BULL, "poids"), INT);
   EXPECT_EQ(GetDescriptorSymbol(BULL, "lait"), -9);
-  for (const int without : {static_cast<int>(UDDER), 99}) {
+  for (const int without : {static_cast<int>(UDDER), 99, -9}) {
     EXPECT_EQ(GetDescriptorSymbol(without, "poids"), -9);
     EXPECT_EQ(GetDescriptorType(without, "poids"), -9);
   }

@@ -162,10 +162,10 @@ TEST_F(EntityMethodsTest, AnIdBeyondTheTableIsAnIndexFailureEverywhere) {
       {"Entity::HasBody", [&](int id) { entity->HasBody(id); }},
       {"Entity::GetMethodWithBody", [&](int id) { entity->GetMethodWithBody(id); }},
   };
-  for (const auto& [where, lookup] : lookups)
+  for (const auto& lookup : lookups)
     for (const int id : {beyond, -9})
-      EXPECT_EQ(RunInChild([&, id] { lookup(id); }).output,
-                RunInChild([&, id] { FailOnIndex(where, beyond, id); }).output);
+      EXPECT_EQ(RunInChild([&, id] { lookup.second(id); }).output,
+                RunInChild([&, id] { FailOnIndex(lookup.first, beyond, id); }).output);
 }
 
 TEST_F(EntityMethodsTest, AMissingMethodEndsTheRun) {

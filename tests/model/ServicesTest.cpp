@@ -4,12 +4,15 @@
 #include <cstdlib>
 
 #include "kalve/engine/DiscreteProcess.h"
+#include "kalve/engine/EngineLookups.h"
 #include "kalve/engine/Event.h"
 #include "kalve/foundations/Records.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/methods/Argument.h"
 #include "kalve/methods/Method.h"
 #include "kalve/methods/PredefinedIds.h"
+#include "kalve/specs/DescValueSpec.h"
+#include "kalve/specs/EntitySpec.h"
 #include "tests/model/ModelTest.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -214,6 +217,18 @@ TEST_F(ServicesTest, AClassLeavesBothTablesOfTheRegistry) {
 
 BasicEntity* KeepAll(MonitorMethod* /*method*/) { return nullptr; }
 
+/// Classes of an application, with something of their own.
+class Choice : public EntitySpec {
+ public:
+  Choice() : EntitySpec(COW) {}
+  double mWeights[4] = {};
+};
+class Limits : public DescIntValueSpec {
+ public:
+  Limits() : DescIntValueSpec(20, IN, 1, 2) {}
+  double mTolerances[4] = {};
+};
+
 /// Everything that dies with a run, linked in every way, under a monitor that lets nothing go.
 class TeardownTest : public ModelTest {
  protected:
@@ -236,6 +251,7 @@ class TeardownTest : public ModelTest {
     event->AddProcessAction(new DiscreteProcess(20, "graze"), EXEC);
     pCurrentSim->InsertInAgendaEvents(event);
     new DiscreteProcess(21, "idle");
+    (new Choice)->AddDescValueSpec(new Limits);
     pCurrentSim->Clock(12);
     StructureMonitor::mpInstanceTab.push_back(nullptr);
   }
@@ -266,6 +282,10 @@ TEST_F(TeardownTest, NothingIsLeftAndTheCountersAgree) {
   EXPECT_EQ(DiscreteProcess::getNbConst(), DiscreteProcess::getNbDest());
   EXPECT_EQ(Method::getNbConst(), Method::getNbDest());
   EXPECT_EQ(Argument::getNbConst(), Argument::getNbDest());
+  EXPECT_EQ(DescValueSpec::getNbConst(), DescValueSpec::getNbDest());
+  EXPECT_EQ(GetNamedEvent("dawn"), nullptr);
+  const std::unique_ptr<Tableau<Event*>> events(GetClassNamedEventTab("dawn"));
+  EXPECT_EQ(events->size(), 0);
   DeleteAll();  // a second teardown finds nothing
 }
 

@@ -232,109 +232,134 @@ class NaiveLinks {
   }
 };
 
-class LinksTest : public StructureTest, public testing::WithParamInterface<int> {};
+class LinksTest : public StructureTest, public testing::WithParamInterface<int> {
+ protected:
+  int Below(std::size_t n) { return static_cast<int>(random() % n); }
+  Thing& Set(int s) { return *sets[static_cast<std::size_t>(s)]; }
+  Thing& CowOf(int e) { return *cows[static_cast<std::size_t>(e)]; }
+  void Fill(int count);
+  /// One operation on both, for a set, an element and a place in the set.
+  void Step(int s, int e, int at);
+  void BuryOne(int e);
+  void Empty(int s);
+  void Check();
+
+  std::mt19937 random{17};
+  std::vector<Thing*> sets;
+  std::vector<Thing*> cows;
+  NaiveLinks naive;
+};
+
+/// All but the first six stand in the first two sets.
+void LinksTest::Fill(int count) {
+  for (int i = 0; i < 4; ++i) sets.push_back(NewHerd());
+  for (int i = 0; i < count; ++i) {
+    cows.push_back(NewCow());
+    if (i < 6) continue;
+    naive.Add(i % 2, i, static_cast<int>(naive.elements[i % 2].size()));
+    Set(i % 2).AddElement(cows.back());
+  }
+}
+
+void LinksTest::BuryOne(int e) {
+  Bury(&CowOf(e));
+  for (const int held : std::vector<int>(naive.superSets[e])) NaiveLinks::Drop(naive.elements[held], e);
+  naive.superSets[e].clear();
+  // Links that only a set knows stay there, and mean nothing.
+  for (auto& [number, elements] : naive.elements) std::replace(elements.begin(), elements.end(), e, -1);
+  cows[static_cast<std::size_t>(e)] = NewCow();
+}
+
+void LinksTest::Empty(int s) {
+  Set(s).RemoveElements();
+  for (int i = static_cast<int>(naive.elements[s].size()); i-- > 0;)
+    if (i < static_cast<int>(naive.elements[s].size()))
+      naive.Remove(s, naive.elements[s][static_cast<std::size_t>(i)]);
+}
+
+void LinksTest::Step(int s, int e, int at) {
+  Thing& set = Set(s);
+  Thing& cow = CowOf(e);
+  const int size = static_cast<int>(naive.elements[s].size());
+  switch (Below(12)) {
+    case 0:
+    case 1:
+      set.AddElement(&cow);
+      if (!naive.Holds(s, e)) naive.Add(s, e, size);
+      break;
+    case 2:
+      set.AddElement(&cow, 0);
+      if (!naive.Holds(s, e)) naive.elements[s].push_back(e);
+      naive.superSets[e].push_back(s);
+      break;
+    case 3:
+      set.AddElementNoCheckIfNew(&cow);
+      naive.Add(s, e, size);
+      break;
+    case 4:
+      set.InsertElement(at, &cow);
+      naive.Add(s, e, at);
+      break;
+    case 5:
+      cow.AddSuperSet(&set);
+      naive.elements[s].push_back(e);
+      break;
+    case 6:
+      set.RemoveElement(&cow);
+      naive.Remove(s, e);
+      break;
+    case 7:
+      cow.RemoveSuperSet(&set);
+      naive.RemoveSuperSet(e, s);
+      break;
+    case 8:
+      set.RemoveElement(at, Below(2));
+      if (at < size) {
+        const int taken = naive.elements[s][static_cast<std::size_t>(at)];
+        naive.elements[s].erase(naive.elements[s].begin() + at);
+        naive.RemoveSuperSet(taken, s);
+      }
+      break;
+    case 9:
+      set.RemoveElementNoPropagate(&cow);
+      NaiveLinks::Drop(naive.elements[s], e);
+      break;
+    case 10:
+      BuryOne(e);
+      break;
+    default:
+      if (Below(4) == 0) Empty(s);
+  }
+}
+
+void LinksTest::Check() {
+  for (int i = 0; i < static_cast<int>(sets.size()); ++i) {
+    ASSERT_EQ(Set(i).GetNumberOfElements(), static_cast<int>(naive.elements[i].size()));
+    for (int k = 0; k < Set(i).GetNumberOfElements(); ++k) {
+      const int expected = naive.elements[i][static_cast<std::size_t>(k)];
+      if (expected < 0) continue;
+      ASSERT_EQ(Set(i).BareElementTab()[k], &CowOf(expected));
+    }
+  }
+  for (int i = 0; i < static_cast<int>(cows.size()); ++i) {
+    const Tableau<BasicEntity*> held = CowOf(i).GetSuperSetTab();
+    ASSERT_EQ(held.size(), static_cast<int>(naive.superSets[i].size()));
+    for (int k = 0; k < held.size(); ++k)
+      ASSERT_EQ(held[k], &Set(naive.superSets[i][static_cast<std::size_t>(k)]));
+  }
+}
 
 /// Small tables and large ones, which are kept in another way.
 INSTANTIATE_TEST_SUITE_P(Sizes, LinksTest, testing::Values(6, 700));
 
 TEST_P(LinksTest, FollowANaiveModelThroughRandomOperations) {
-  std::mt19937 random(17);
-  const auto below = [&](std::size_t n) { return static_cast<int>(random() % n); };
-  std::vector<Thing*> sets;
-  std::vector<Thing*> cows;
-  for (int i = 0; i < 4; ++i) sets.push_back(NewHerd());
-  NaiveLinks naive;
-  for (int i = 0; i < GetParam(); ++i) {
-    cows.push_back(NewCow());
-    if (i >= 6) naive.Add(i % 2, i, static_cast<int>(naive.elements[i % 2].size()));
-    if (i >= 6) sets[static_cast<std::size_t>(i % 2)]->AddElement(cows.back());
-  }
+  Fill(GetParam());
   for (int step = 0; step < 4000; ++step) {
-    const int s = below(sets.size());
-    const int e = below(cows.size());
-    Thing& set = *sets[static_cast<std::size_t>(s)];
-    Thing& cow = *cows[static_cast<std::size_t>(e)];
-    const int size = static_cast<int>(naive.elements[s].size());
-    const int at = below(static_cast<std::size_t>(size) + 1);
-    switch (below(12)) {
-      case 0:
-      case 1:
-        set.AddElement(&cow);
-        if (!naive.Holds(s, e)) naive.Add(s, e, size);
-        break;
-      case 2:
-        set.AddElement(&cow, 0);
-        if (!naive.Holds(s, e)) naive.elements[s].push_back(e);
-        naive.superSets[e].push_back(s);
-        break;
-      case 3:
-        set.AddElementNoCheckIfNew(&cow);
-        naive.Add(s, e, size);
-        break;
-      case 4:
-        set.InsertElement(at, &cow);
-        naive.Add(s, e, at);
-        break;
-      case 5:
-        cow.AddSuperSet(&set);
-        naive.elements[s].push_back(e);
-        break;
-      case 6:
-        set.RemoveElement(&cow);
-        naive.Remove(s, e);
-        break;
-      case 7:
-        cow.RemoveSuperSet(&set);
-        naive.RemoveSuperSet(e, s);
-        break;
-      case 8:
-        set.RemoveElement(at, below(2));
-        if (at < size) {
-          const int taken = naive.elements[s][static_cast<std::size_t>(at)];
-          naive.elements[s].erase(naive.elements[s].begin() + at);
-          naive.RemoveSuperSet(taken, s);
-        }
-        break;
-      case 9:
-        set.RemoveElementNoPropagate(&cow);
-        NaiveLinks::Drop(naive.elements[s], e);
-        break;
-      case 10:
-        Bury(&cow);
-        for (const int held : std::vector<int>(naive.superSets[e])) NaiveLinks::Drop(naive.elements[held], e);
-        naive.superSets[e].clear();
-        // Links that only a set knows stay there, and mean nothing.
-        for (auto& [number, elements] : naive.elements) {
-          for (int& element : elements)
-            if (element == e) element = -1;
-        }
-        cows[static_cast<std::size_t>(e)] = NewCow();
-        break;
-      default:
-        if (below(4) != 0) break;
-        set.RemoveElements();
-        for (int i = size; i-- > 0;)
-          if (i < static_cast<int>(naive.elements[s].size()))
-            naive.Remove(s, naive.elements[s][static_cast<std::size_t>(i)]);
-    }
+    const int s = Below(sets.size());
+    const int e = Below(cows.size());
+    Step(s, e, Below(naive.elements[s].size() + 1));
     if (step % 5 != 0) continue;
-    for (int i = 0; i < static_cast<int>(sets.size()); ++i) {
-      const Thing& checked = *sets[static_cast<std::size_t>(i)];
-      ASSERT_EQ(checked.GetNumberOfElements(), static_cast<int>(naive.elements[i].size())) << step;
-      for (int k = 0; k < checked.GetNumberOfElements(); ++k) {
-        const int expected = naive.elements[i][static_cast<std::size_t>(k)];
-        if (expected < 0) continue;
-        ASSERT_EQ(checked.BareElementTab()[k], cows[static_cast<std::size_t>(expected)]) << step;
-      }
-    }
-    for (int i = 0; i < static_cast<int>(cows.size()); ++i) {
-      const Tableau<BasicEntity*> held = cows[static_cast<std::size_t>(i)]->GetSuperSetTab();
-      ASSERT_EQ(held.size(), static_cast<int>(naive.superSets[i].size())) << step;
-      for (int k = 0; k < held.size(); ++k) {
-        const int expected = naive.superSets[i][static_cast<std::size_t>(k)];
-        ASSERT_EQ(held[k], sets[static_cast<std::size_t>(expected)]) << step;
-      }
-    }
+    ASSERT_NO_FATAL_FAILURE(Check()) << step;
   }
 }
 

@@ -182,7 +182,12 @@ TEST_F(ValueMonitor, CopiesAreInNoTable) {
   {
     DescValueSpecTabDescValueMonitor watch("watch");
     EXPECT_EQ(DescValueMonitor::mInstanceNumber, instances + 1);
-    EXPECT_EQ(DescValueMonitor::mpInstanceTab.back(), &watch);
+    const int last = DescValueMonitor::mpInstanceTab.size() - 1;
+    EXPECT_EQ(DescValueMonitor::GetInstance(last), &watch);
+    EXPECT_NE(RunInChild([last] {
+                DescValueMonitor::GetInstance(last + 1);
+              }).output.find("'DescValueMonitor::GetInstance'"),
+              std::string::npos);
     EXPECT_NE(FailureOf([&] {
                 watch.HasGetDescValueSpecTabMethod(1);
                 DescValueSpecTabDescValueMonitor copy(watch);

@@ -434,6 +434,7 @@ TEST_F(OccurrenceTest, ASpecificationWithoutAFileEndsTheRunAtTheDump) {
 TEST_F(OccurrenceTest, NothingIsLeftBehindAndTheLivingAreFree) {
   const int alive = OutputSpec::getNbConst() - OutputSpec::getNbDest();
   OutputFileMDescOS* const writer = NewWriter("Cow");
+  EntityOutputSpec::PushBackInstanceList(writer->GetEntityOutputSpec());  // where it stands already
   writer->AddDescriptorOS("weight", 0);
   writer->AddParameterOS("ALL", "");
   SetEntityStructureOS("Herd", CLOCK, 1, 1, 1, "h", "h", "h", OM_OVERWRITE);

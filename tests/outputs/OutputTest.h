@@ -3,6 +3,7 @@
 
 #include <fstream>
 #include <iterator>
+#include <vector>
 
 #include "kalve/descriptors/EntityDescriptors.h"
 #include "kalve/descriptors/ScalarDescriptors.h"
@@ -29,8 +30,10 @@ class OutputTest : public ModelTest {
   /// A text writer that saves to "series.txt".
   static OutputFileMDescOS* NewWriter(const char* className, AllOrEnd allOrEnd = AOE_ALL,
                                       TimeType timeType = CLOCK, OutputMode mode = OM_OVERWRITE) {
-    static OutputFileMDescOS* writer;  // reachable where a failure ends the process
-    writer = new OutputFileMDescOS(timeType, 0, 0, 1, GRAPH_LINE, allOrEnd);
+    // Never freed: all writers stay reachable where a failure ends the process.
+    static auto* const writers = new std::vector<OutputFileMDescOS*>();
+    auto* const writer =
+        writers->emplace_back(new OutputFileMDescOS(timeType, 0, 0, 1, GRAPH_LINE, allOrEnd));
     writer->RegisterEntityOS(className);
     writer->ConfigureOutputFile("series.txt", mode);
     return writer;

@@ -144,13 +144,15 @@ TEST_F(TextWriterTest, ColumnsAreThoseOfTheFirstInstanceAndPrecisionsShift) {
   Give<FloatVariableDescriptor>(second, 22, "weight").SetValue(3.0F);
   Give<FloatVariableDescriptor>(second, 21, "exactly").SetValue(4.0F);
   Give<FloatVariableDescriptor>(second, 20, "absent").SetValue(5.0F);
-  EXPECT_EQ(Dump(),
-            "#Cow  \tclock\texactly\tweight\n"
-            "Cow_1\t0\t2.0000\t1.0\n\n"
-            "Cow_2\t0\t4.0000\t3.0\n\n");
+  const std::string rows =
+      "#Cow  \tclock\texactly\tweight\n"
+      "Cow_1\t0\t2.0000\t1.0\n\n"
+      "Cow_2\t0\t4.0000\t3.0\n\n";
+  EXPECT_EQ(Dump(), rows);
   Give<FloatVariableDescriptor>(NewCow(), 20, "absent").SetValue(5.0F);
   const std::string report = RunInChild([] { DisplayAllOutputSpecs(); }).output;
   EXPECT_NE(report.find("Indice hors tableau"), std::string::npos) << report;
+  EXPECT_EQ(Content("series.txt"), rows);
   NewCow();  // without any series
 }
 
@@ -199,10 +201,13 @@ TEST_F(TextWriterTest, ParametersAreShownOneByOneByGroupOrAll) {
 }
 
 TEST_F(TextWriterTest, AParameterThatIsNotThereEndsTheRun) {
+  AddText("Herd", "breed", "Angus");
   OutputFileMDescOS* const writer = NewWriter("Cow");
+  writer->AddParameterOS("Herd", "breed");
   writer->AddParameterOS("Herd", "nothing");
   const Cow watched;
   EXPECT_NE(FailureOf([] { DisplayAllOutputSpecs(); }).find(" InexistantParameter "), std::string::npos);
+  EXPECT_EQ(Content("series.txt"), "#\"Herd\" \"breed\" = 'Angus'\n");  // what came before
 }
 
 TEST_F(TextWriterTest, NothingIsWrittenWithoutAnInstance) {

@@ -3,7 +3,7 @@
 #include <iterator>
 #include <sstream>
 
-#include "tests/parsers/HerdTest.h"
+#include "tests/parsers/FarmTest.h"
 
 namespace {
 
@@ -27,7 +27,7 @@ Event* NewTestEvent(const char* name) {
   return event;
 }
 
-class DirectiveFileTest : public HerdTest {
+class DirectiveFileTest : public FarmTest {
  protected:
   DirectiveFileTest() {
     simulation.ClockTimeUnit(DAY);

@@ -3,7 +3,7 @@
 
 #include "kalve/inputs/FactualDataFile.h"
 #include "kalve/inputs/SequentialDataFile.h"
-#include "tests/parsers/HerdTest.h"
+#include "tests/parsers/FarmTest.h"
 
 namespace {
 
@@ -53,7 +53,7 @@ Process* NewReader(const char* name) {
   return className == "grazing" ? new ContinuousProcess(0, name) : nullptr;
 }
 
-class DirectiveReadingTest : public HerdTest {
+class DirectiveReadingTest : public FarmTest {
  protected:
   DirectiveReadingTest() {
     gRecords.clear();
@@ -67,14 +67,10 @@ class DirectiveReadingTest : public HerdTest {
     folder.Write("rain \xC3\xA9t\xC3\xA9.txt", "12\n0\n7\n");
   }
   ~DirectiveReadingTest() override {
-    for (int rank = File::mpInstanceTab.size(); rank-- > 0;) DeleteFile(File::mpInstanceTab[rank]);
+    DeleteFileInstances();
     Assign_App_NewProcessFromStringFunction(nullptr);
     Assign_App_NewSerialDataFileFromIdFunction(nullptr);
     Assign_App_SerialDataFileIdFromStringFunction(nullptr);
-  }
-  static void DeleteFile(File* file) {
-    if (file->ClassType() == SEQUENTIAL_DATA_FILE) delete static_cast<SequentialDataFile*>(file);
-    if (file->ClassType() == FACTUAL_DATA_FILE) delete static_cast<FactualDataFile*>(file);
   }
 
   void RunToTheEnd() {

@@ -1,9 +1,9 @@
 // The output-specification file: what it declares, what a run then writes, and its faults.
 #include <sstream>
 
-#include "examples/herd/HerdClasses.h"
 #include "kalve/foundations/TraceSwitches.h"
 #include "kalve/inputs/ParserFunction.h"
+#include "tests/parsers/FarmClasses.h"
 #include "tests/parsers/RandomInput.h"
 
 namespace {
@@ -12,7 +12,7 @@ class OutputSpecFileTest : public RandomInput {
  protected:
   OutputSpecFileTest() {
     BasicEntity::mInstanceNumber = 0;
-    InstallHerdClasses();
+    InstallFarmClasses();
     simulation.SetOutDir(folder.Path("").c_str());
   }
   ~OutputSpecFileTest() override {
@@ -68,6 +68,12 @@ class OutputSpecFileTest : public RandomInput {
       for (const ParameterOS* parameter : file.GetParametersData())
         list << " [" << parameter->GetIdent1() << " " << parameter->GetIdent2() << "]";
     }
+    if (writer.GetSubClass() == MultipleDescriptorOS::database) {
+      const auto& database = static_cast<const DatabaseMDescOS&>(writer);
+      list << (dynamic_cast<const PostgresqlMDescOS*>(&writer) != nullptr ? " copy" : " insert") << " into "
+           << database.GetTableName() << " of " << database.GetDatabaseName() << " as " << database.GetUser()
+           << ":" << database.GetPassword();
+    }
     list << " :";
     for (const DescriptorOS* descriptor : writer.GetDescriptorsData())
       list << " " << descriptor->GetDescName() << " "
@@ -91,19 +97,21 @@ class OutputSpecFileTest : public RandomInput {
 
 TEST_F(OutputSpecFileTest, DeclaresWhatItSays) {
   CreateParameter(STRING, "Herd", "breed", {}, "feeding");
-  Read(ParseOutputSpecFile,
-       "STRUCTURE Herd DAY_MONTH_YEAR APPEND { ELEMENT \"moves\"; CREATION \"herds\"; }\n"
-       "STRUCTURE Cow OVERWRITE { COMPONENT \"udders\"; }\n"
-       "EVENT all_eventClasses ISO_8601 \"events\" OVERWRITE; EVENT \"milking\" \"milkings\";\n"
-       "PROCESS all_processClasses MIN_HOUR_YEARDAY \"processes\";\n"
-       "PROCESS CONTINUOUS grazing YEARDAY_HOUR_MIN \"grazing\" APPEND; PROCESS DISCRETE \"CLOCK\" \"d\";\n"
-       "SERIES Cow {\n"
-       "  FILE \"weights\" OVERWRITE; DATE HOUR_DAY_MONTH; VALUES END; NUMBERED; RECORDED; PLOTTED LINE;\n"
-       "  PARAMETER Herd breed; PARAMETER GROUP feeding; PARAMETER ALL; PARAMETER Herd breed;\n"
-       "  weight 2; \"DATE\" 0; calvings;\n"
-       "}\n"
-       "SERIES Cow { weight 5; PLOTTED POINT; DATE CLOCK; DATE SIMDAY_HOUR_MIN; VALUES END; VALUES ALL; }\n"
-       "SERIES Paddock { area; RECORDED; }\n");
+  Read(
+      ParseOutputSpecFile,
+      "STRUCTURE Herd DAY_MONTH_YEAR APPEND { ELEMENT \"moves\"; CREATION \"herds\"; }\n"
+      "STRUCTURE Cow OVERWRITE { COMPONENT \"udders\"; }\n"
+      "EVENT all_eventClasses ISO_8601 \"events\" OVERWRITE; EVENT \"milking\" \"milkings\";\n"
+      "PROCESS all_processClasses MIN_HOUR_YEARDAY \"processes\";\n"
+      "PROCESS CONTINUOUS grazing YEARDAY_HOUR_MIN \"grazing\" APPEND; PROCESS DISCRETE \"CLOCK\" \"d\";\n"
+      "SERIES Cow {\n"
+      "  FILE \"weights\" OVERWRITE; DATE HOUR_DAY_MONTH; VALUES END; NUMBERED; RECORDED; PLOTTED LINE;\n"
+      "  PARAMETER Herd breed; PARAMETER GROUP feeding; PARAMETER ALL; PARAMETER Herd breed;\n"
+      "  weight 2; \"DATE\" 0; calvings;\n"
+      "}\n"
+      "SERIES Cow { weight 5; PLOTTED POINT; DATE CLOCK; DATE SIMDAY_HOUR_MIN; VALUES END; VALUES ALL; }\n"
+      "SERIES Paddock { area; RECORDED; }\n"
+      "SERIES Udder { DATABASE INSERT { TABLE t; NAME n; PASSWORD \"p\"; USER u; } NUMBERED; capacity 3; }\n");
   EXPECT_EQ(Declared(),
             "entities Herd 5 creation herds element moves\n"
             "entities Cow 0 component udders\n"
@@ -112,6 +120,8 @@ TEST_F(OutputSpecFileTest, DeclaresWhatItSays) {
             "  dates 3 all point file - : weight 5\n"
             "entities Paddock 0\n"
             "  dates 0 all recorded file - : area 0\n"
+            "entities Udder 0\n"
+            "  dates 0 all numbered saved insert into t of n as u:p : capacity 3\n"
             "events all_eventClasses 6 events\n"
             "events milking 0 milkings\n"
             "processes of kind 1 all_processClasses 1 processes\n"
@@ -136,9 +146,9 @@ TEST_F(OutputSpecFileTest, ARunWritesWhatWasAskedFor) {
        "STRUCTURE Cow { CREATION \"cows\"; }\n"
        "SERIES Cow { FILE \"weights\"; PARAMETER GROUP feeding; weight 2; calvings; }\n"
        "SERIES Paddock { FILE \"areas\"; VALUES END; DATE CLOCK; area 1; }");
-  Entity* const cow = NewHerdEntity("Cow");
+  Entity* const cow = NewFarmEntity("Cow");
   cow->SetInstanceName("hortense");
-  Entity* const paddock = NewHerdEntity("Paddock");
+  Entity* const paddock = NewFarmEntity("Paddock");
   paddock->SetInstanceName("river");
   paddock->SetDoubleValue(AREA, 2.5);
   cow->SetDoubleValue(WEIGHT, 612.5);
@@ -265,7 +275,7 @@ TEST_F(OutputSpecFileTest, TheDocumentedExampleStands) {
             " : weight 2 calvings 0\n"
             "entities Herd 0 element moves.txt\n"
             "entities Paddock 0\n"
-            "  dates 6 end saved file areas.txt : area 1\n"
+            "  dates 6 end saved copy into default of herd as farm: : area 1\n"
             "events all_eventClasses 6 events.txt\n"
             "processes of kind 1 all_processClasses 0 processes.txt\n"
             "processes of kind 2 grazing 0 grazing.txt\n");

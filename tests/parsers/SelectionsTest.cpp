@@ -1,9 +1,9 @@
 // Selections, as the structure file and the directive file have them.
-#include "tests/parsers/HerdTest.h"
+#include "tests/parsers/FarmTest.h"
 
 namespace {
 
-class SelectionsTest : public HerdTest {
+class SelectionsTest : public FarmTest {
  protected:
   SelectionsTest() {
     AssignEnumToInt([](const char* name) {
@@ -140,6 +140,8 @@ TEST_F(SelectionsTest, SaysWhatIsWrong) {
        "le descripteur 'anEntity', de type ENTITY, demande des noms d'entités, ou CLASS et un nom"},
       {"SPEC s OF Bull { WHERE someInts IN 3; }", 1,
        "WHERE 'someInts' : un descripteur de type INT_TAB ne se compare pas"},
+      {"SPEC s OF Bull { INSTANTIATE; NFIRST 1; WHERE anEntity IN\nCLASS Cow; }", 2,
+       "CLASS ne donne pas de valeur à une entité nouvelle (INSTANTIATE)"},
       {"SPEC s OF Paddock { WHERE area IN 3; }", 1,
        "WHERE 'area' : la classe n'a pas d'instance, le type doit être écrit (INT, FLOAT, DOUBLE, STRING ou "
        "ENTITY)"},

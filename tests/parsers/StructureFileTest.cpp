@@ -1,9 +1,9 @@
 // The structure file: entities, loops, values, and what is wrong in them.
-#include "tests/parsers/HerdTest.h"
+#include "tests/parsers/FarmTest.h"
 
 namespace {
 
-using StructureFileTest = HerdTest;
+using StructureFileTest = FarmTest;
 
 TEST_F(StructureFileTest, BuildsWhatItReads) {
   Read(ParseStructureFile,
@@ -264,15 +264,6 @@ TEST_F(StructureFileTest, NeedsASimulation) {
   pCurrentSim = nullptr;
   EXPECT_NE(ReadQuietly(ParseStructureFile, "").find("SimulationNotYetCreated"), std::string::npos);
   pCurrentSim = &simulation;
-}
-
-TEST_F(StructureFileTest, TheSeasonOfTheHerdStands) {
-  ParseStructureFile((std::string(KALVE_SOURCE_DIR) + "/examples/herd/season.str").c_str());
-  EXPECT_EQ(GetNumberOfEntities(COW), 42);
-  EXPECT_EQ(GetNumberOfEntities(PADDOCK), 8);
-  EXPECT_EQ(TreeOf("farm").substr(0, 70),
-            "farm(home hill1 hill2 hill3 hill4 hill5 river1 river2 herd(heifer1(Udd");
-  EXPECT_EQ(ValueText(*GetNamedEntity("marguerite"), "weight"), "640");
 }
 
 TEST_F(StructureFileTest, TheDocumentedExampleStands) {

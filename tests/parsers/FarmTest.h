@@ -1,8 +1,8 @@
-// The classes of the herd and a class that has a descriptor of each type, for the files that build entities
-// or speak of them.
+// The classes of a farm and one that has a descriptor of each type, for the files that build entities or
+// speak of them.
 #pragma once
 
-#include "examples/herd/HerdClasses.h"
+#include "tests/parsers/FarmClasses.h"
 #include "tests/parsers/RandomInput.h"
 #include "tests/support/AllValues.h"
 
@@ -24,18 +24,18 @@ class Bull : public Entity {
   }
 };
 
-class HerdTest : public RandomInput {
+class FarmTest : public RandomInput {
  protected:
-  HerdTest() {
+  FarmTest() {
     BasicEntity::mInstanceNumber = 0;
-    InstallHerdClasses();
+    InstallFarmClasses();
     CreateMetaClass(BULL, "Bull")->SetParentClassId(KV_ENTITY);
     SetHierarchy();
     Assign_App_NewEntityFromStringFunction([](const char* className) -> Entity* {
-      return std::string(className) == "Bull" ? new Bull : NewHerdEntity(className);
+      return std::string(className) == "Bull" ? new Bull : NewFarmEntity(className);
     });
   }
-  ~HerdTest() override {
+  ~FarmTest() override {
     DeleteEntitySpecs();
     for (int id = gMetaClassTab.size(); id-- > KV_PROCESS;)
       while (GetNumberOfEntities(id) > 0) DeleteEntity(GetMetaClass(id)->GetInstance(0));

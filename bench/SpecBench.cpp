@@ -132,7 +132,7 @@ void SortByValue(benchmark::State& state) {
   const Herd herd;
   std::vector<double> shuffled;
   for (int i = 0; i < instances; ++i)
-    shuffled.push_back(300.0 + 0.01 * static_cast<int>(i * 7919LL % instances));
+    shuffled.push_back(300.0 + 0.01 * static_cast<int>((i * 7919LL) % instances));
   Tableau<DescriptedEntity*> table;
   const auto refill = [&] {
     table.erase();
@@ -166,7 +166,7 @@ void SortByValue(benchmark::State& state) {
 /// A value drawn from a domain of three intervals, against two draws of rand().
 void DrawFromDomain(benchmark::State& state) {
   constexpr int draws = 1000;
-  DescIntValueSpec domain(weight, IN);
+  DescIntValueSpec domain(IN);
   domain.AddSubDomain(1, 100);
   domain.AddSubDomain(201, 300);
   domain.AddSubDomain(401, 500);

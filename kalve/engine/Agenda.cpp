@@ -12,6 +12,7 @@
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/CoreException.h"
+#include "kalve/foundations/Prefetch.h"
 #include "kalve/foundations/Rng.h"
 #include "kalve/model/BasicEntity.h"
 
@@ -75,10 +76,11 @@ bool Simulation::IsDuplicate(Event* event, Event* current) const {
 int Simulation::PlaceInAgenda(Event* event) {
   mAgendaEvents.go_head();
   if (mAgendaIndex.IsOn() && mAgendaEvents.is_current_in()) {
-    mAgendaEvents.set_currentCell(mAgendaIndex.StartFor(event));
+    bool standsBefore = false;
+    mAgendaEvents.set_currentCell(mAgendaIndex.StartFor(event, standsBefore));
     // Behind the tail, after cells that the predicate would have answered without setting its flag.
     if (mAgendaEvents.is_current_off()) gEquallyPlacedEventFlag = 0;
-    if (mAgendaIndex.StandsBeforeStart(event)) {
+    if (standsBefore) {
       gEquallyPlacedEventFlag = 0;  // the predicate's answer without a call
       return PlaceBefore(event, mAgendaEvents.get_currentCell());
     }
@@ -150,9 +152,10 @@ namespace {
 void FetchNext(const Cell<Event*>* cell) {
   for (int before = 0; before <= 3 && cell != nullptr; ++before, cell = cell->GetNextCell())
     cell->GetItem()->Fetch(before);
+  Prefetch(cell, sizeof *cell);
 }
 
-constexpr int largeAgenda = 300;
+constexpr int largeAgenda = 3000;
 
 }  // namespace
 

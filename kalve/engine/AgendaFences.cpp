@@ -1,5 +1,6 @@
 #include "kalve/engine/AgendaFences.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "kalve/foundations/Prefetch.h"
@@ -12,7 +13,8 @@ std::ptrdiff_t CountBelow(const AgendaFences::Key* keys, std::ptrdiff_t count, A
   const AgendaFences::Key* base = keys;
   while (count > 1) {
     const std::ptrdiff_t half = count / 2;
-    base += half & -static_cast<std::ptrdiff_t>(base[half - 1] < key);
+    const AgendaFences::Key* const upper = base + half;
+    base = __builtin_expect_with_probability(upper[-1] < key, 1, 0.5) ? upper : base;
     count -= half;
   }
   return base - keys;
@@ -24,12 +26,9 @@ void AgendaFences::Clear() {
   mChunks.clear();
   mTops.clear();
   mFront = 0;
-  mChunks.push_back(std::make_unique_for_overwrite<Chunk>());
+  mChunks.push_back(std::make_unique<Chunk>(0, 1));
+  mChunks.front()->cells[0] = 0;
   mTops.push_back(infinite);
-  Chunk& chunk = *mChunks.front();
-  chunk.end = 1;
-  chunk.bounds[0] = infinite;
-  chunk.cells[0] = 0;
   mSize = 1;
   ++mChanges;
 }
@@ -39,14 +38,19 @@ AgendaFences::Place AgendaFences::LowerBound(Key key) const {
   const std::ptrdiff_t chunks = static_cast<std::ptrdiff_t>(mTops.size()) - front;
   const auto at = static_cast<std::size_t>(front + CountBelow(mTops.data() + front, chunks, key));
   const Chunk& chunk = *mChunks[at];
-  Prefetch(&chunk, sizeof chunk);
-  const std::ptrdiff_t below = CountBelow(chunk.bounds + chunk.begin, chunk.end - chunk.begin, key);
-  return {at, chunk.begin + static_cast<int>(below)};
+  if (chunks > Chunk::most) Prefetch(&chunk, sizeof chunk);  // else they are near
+  return {at, static_cast<int>(CountBelow(chunk.bounds, Chunk::most, key))};
 }
 
 // Slots ------------------------------------------------------------------------------------------------
 
+AgendaFences::Chunk::Chunk(int first, int count) : begin(first), end(first + count) {
+  std::fill(bounds, bounds + begin, lowest);
+  std::fill(bounds + begin, bounds + most, infinite);
+}
+
 void AgendaFences::Chunk::Move(int from, int to, int count) {
+  if (count == 0) return;
   std::memmove(bounds + to, bounds + from, static_cast<std::size_t>(count) * sizeof(Key));
   std::memmove(cells + to, cells + from, static_cast<std::size_t>(count) * sizeof cells[0]);
 }
@@ -67,11 +71,11 @@ int AgendaFences::Chunk::Open(int slot) {
 int AgendaFences::Chunk::Close(int slot) {
   if (slot - begin < end - slot) {
     Move(begin, begin + 1, slot - begin);
-    ++begin;
+    bounds[begin++] = lowest;
     return slot + 1;
   }
   Move(slot + 1, slot, end - slot - 1);
-  --end;
+  bounds[--end] = infinite;
   return slot;
 }
 
@@ -97,13 +101,12 @@ AgendaFences::Place AgendaFences::Split(Place place) {
   }
   Chunk& low = *mChunks[place.chunk];
   const int kept = place.slot == Chunk::most - 1 ? Chunk::most - 1 : Chunk::most / 2;
-  auto high = std::make_unique_for_overwrite<Chunk>();
   const int moved = Chunk::most - kept;
-  high->begin = moved > 1 ? (Chunk::most - moved) / 2 : 0;
-  high->end = high->begin + moved;
+  auto high = std::make_unique<Chunk>(moved > 1 ? kept / 2 : 0, moved);
   std::memcpy(high->bounds + high->begin, low.bounds + kept, static_cast<std::size_t>(moved) * sizeof(Key));
   std::memcpy(high->cells + high->begin, low.cells + kept,
               static_cast<std::size_t>(moved) * sizeof low.cells[0]);
+  std::fill(low.bounds + kept, low.bounds + Chunk::most, infinite);
   low.end = kept;
   const Place split = place.slot < kept ? place : Place{place.chunk + 1, high->begin + place.slot - kept};
   const auto behind = static_cast<std::ptrdiff_t>(place.chunk);

@@ -19,6 +19,7 @@ class AgendaFences {
  public:
   using Key = std::int64_t;
   using AgendaCell = Cell<Event*>;
+  static constexpr Key lowest = std::numeric_limits<Key>::min();
   static constexpr Key infinite = std::numeric_limits<Key>::max();
 
   struct Place {
@@ -52,6 +53,8 @@ class AgendaFences {
   Place Insert(Place place, Key bound);
   /// Any fence but the last; answers the place of the one behind.
   Place Erase(Place place);
+  /// The first fence, when it is not the last.
+  void EraseFirst();
 
   /// Grows with each Insert and Erase.
   std::uint64_t Changes() const { return mChanges; }
@@ -60,12 +63,13 @@ class AgendaFences {
   static constexpr std::uintptr_t exact = 1;  // the bit of a cell's address that tells
 
   struct Chunk {
-    static constexpr int most = 62;
-    int begin = 0;
-    int end = 0;
-    Key bounds[most];
+    static constexpr int most = 64;
+    int begin;
+    int end;
+    Key bounds[most];  // lowest before `begin`, infinite from `end` on, so that a search needs neither
     std::uintptr_t cells[most];
 
+    Chunk(int first, int count);
     void Move(int from, int to, int count);
     int Open(int slot);
     int Close(int slot);
@@ -80,7 +84,15 @@ class AgendaFences {
   std::uint64_t mChanges = 0;
 };
 
-// The two that are called for every event.
+// What is called for every event.
+
+inline void AgendaFences::EraseFirst() {
+  ++mChanges;
+  --mSize;
+  Chunk& chunk = *mChunks[mFront];
+  chunk.bounds[chunk.begin++] = lowest;
+  if (chunk.begin == chunk.end) mChunks[mFront++].reset();
+}
 
 inline AgendaFences::Place AgendaFences::Next(Place place) const {
   if (place.slot + 1 < mChunks[place.chunk]->end) return {place.chunk, place.slot + 1};

@@ -66,10 +66,11 @@ AgendaIndex::AgendaCell* AgendaIndex::StartFor(const Event* event) const {
   return CellOf(Find(KeyOf(event)));
 }
 
-bool AgendaIndex::StandsBeforeStart(const Event* event) const {
+AgendaIndex::AgendaCell* AgendaIndex::StartFor(const Event* event, bool& standsBefore) const {
   const Key key = KeyOf(event);
   const Fence fence = Find(key);
-  return mFences.IsExact(fence) && key < mFences.Bound(fence);
+  standsBefore = mFences.IsExact(fence) && key < mFences.Bound(fence);
+  return CellOf(fence);
 }
 
 /// The walk for `key` passed from `start` to `reached`: everything in front of `reached` has a smaller key.
@@ -163,7 +164,7 @@ void AgendaIndex::Removing(AgendaCell* cell) {
   AgendaCell* const next = cell->GetNextCell();
   if (cell == mAgenda.HeadCell()) {
     if (mFences.size() > 1 && mFences.CellAt(mFences.Next(mFences.First())) == next) {
-      mFences.Erase(mFences.First());
+      mFences.EraseFirst();
       FreeFirst();
     } else {
       MoveFence(mFences.First(), nullptr);

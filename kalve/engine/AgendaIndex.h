@@ -31,8 +31,8 @@ class AgendaIndex {
 
   /// The cell where a walk for the event may begin; null behind the tail.
   AgendaCell* StartFor(const Event* event) const;
-  /// True when it is known without a look at the event in that cell that this one stands before it.
-  bool StandsBeforeStart(const Event* event) const;
+  /// The same. It may be known without a look at the event in that cell that this one stands before it.
+  AgendaCell* StartFor(const Event* event, bool& standsBefore) const;
   /// After an insertion whose walk began at `start`: the event stands in `cell`, and what stood there before
   /// in the next one.
   void InsertedBefore(AgendaCell* start, AgendaCell* cell);

@@ -49,8 +49,9 @@ inline void Couples::Insert(int rank, Process* process, ActionType action) {
 }
 
 inline void Couples::Clear() {
+  mOnly = nullptr;
+  if (mMany.empty()) return;
   for (StructProcessAction* couple : mMany)
     if (couple != &mFirst) delete couple;
   mMany.erase();
-  mOnly = nullptr;
 }

@@ -98,10 +98,8 @@ ActionType Event::FirstActionLabel() {
 }
 
 void Event::ClearListProcessAction() {
-  for (StructProcessAction* couple : mListpProcessAction) {
-    // Outside of an agenda the process may be gone already.
-    if (mAgendas != 0 && couple->process != nullptr) couple->process->mAgendaCouples -= mAgendas;
-  }
+  // Outside of an agenda the processes may be gone already.
+  if (mAgendas != 0) CountCouples(-mAgendas);
   mListpProcessAction.Clear();
 }
 
@@ -131,6 +129,10 @@ void Event::Append(Process* process, ActionType action, int rank) {
 
 void Event::StandInAgendas(int change) {
   mAgendas += change;
+  CountCouples(change);
+}
+
+void Event::CountCouples(int change) {
   for (StructProcessAction* couple : mListpProcessAction)
     if (couple->process != nullptr) couple->process->mAgendaCouples += change;
 }

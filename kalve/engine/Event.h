@@ -201,13 +201,19 @@ class Event {
   friend class AgendaIndex;
   friend struct AgendaProbe;
 
-  // EventPlace.cpp
   /// Every write of date and priority passes here.
-  void Place(int clock, short priority);
+  void Place(int clock, short priority) {
+    if (mAgendas != 0) TellAgendas(clock, priority);
+    mOccurrenceClockTime = clock;
+    mPriorityDegree = priority;
+  }
+  /// EventPlace.cpp
+  void TellAgendas(int clock, short priority) const;
   void TakeDates(const Event& other);
   void TakeFlags(const Event& other);
   void TraceConstruction() const;
   void StandInAgendas(int change);
+  void CountCouples(int change);
   void Append(Process* process, ActionType action, int rank);
   template <class NewDiscrete>
   void CopyCouples(const Event& other, NewDiscrete newDiscrete);

@@ -8,6 +8,7 @@
 
 void Event::ClassName(const char* name) {
   mClassName = name;
+  if (!EventOutputSpec::AreOutputSpec()) return;
   EventOutputSpec* const spec = EventOutputSpec::InChargeOf(name);
   if (spec == nullptr) return;
   mIsRecorded = 1;
@@ -21,6 +22,7 @@ void Event::RecordPop() const {
 
 void Process::ClassName(const char* name) {
   mClassName = name;
+  if (!ProcessOutputSpec::AreOutputSpec()) return;
   ProcessOutputSpec* const spec = ProcessOutputSpec::InChargeOf(name);
   if (spec == nullptr) return;
   mIsRecorded = 1;

@@ -2,8 +2,6 @@
 #include "kalve/engine/AgendaIndex.h"
 #include "kalve/engine/Event.h"
 
-void Event::Place(int clock, short priority) {
-  if (mAgendas != 0) AgendaIndex::KeyChanges(mOccurrenceClockTime, mPriorityDegree, clock, priority);
-  mOccurrenceClockTime = clock;
-  mPriorityDegree = priority;
+void Event::TellAgendas(int clock, short priority) const {
+  AgendaIndex::KeyChanges(mOccurrenceClockTime, mPriorityDegree, clock, priority);
 }

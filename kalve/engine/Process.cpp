@@ -129,7 +129,8 @@ Method* Process::MethodOr(int id, const char* caller) {
 /// The same, and null for a method without body.
 Method* Process::MethodWithBody(int id, const char* caller) {
   try {
-    return mMethods.WithBody(id);
+    Method* const method = mMethods.Touched(id);
+    return method != nullptr && method->HasBodyAssigned() ? method : nullptr;
   } catch (int) {
     ReportAbsent(id, caller);
     return nullptr;

@@ -31,8 +31,11 @@ void LazyMethods::Begin(const PredefinedSet& set, Owner* owner) {
   mSet = &set;
   mOwner = owner;
   if (g_KV_TraceNewDelMode == 0) return CountUnmade(set.size - before.size, set.arguments - before.arguments);
-  for (int rank = before.size; rank < set.size; ++rank)
-    Tell(OwnBlock().made[rank] = set.rows[rank].make(), owner);
+  for (int rank = before.size; rank < set.size; ++rank) {
+    Method* const method = set.rows[rank].make();
+    OwnBlock().Keep(rank, method);
+    Tell(method, owner);
+  }
 }
 
 /// The method has been counted already, and its construction is no event any more.
@@ -48,7 +51,8 @@ Method* LazyMethods::Make(int rank) const {
     Tell(method, static_cast<Event*>(block.owner));
   else
     Tell(method, static_cast<Process*>(block.owner));
-  return block.made[rank] = method;
+  block.Keep(rank, method);
+  return method;
 }
 
 void LazyMethods::MakeAll() const {
@@ -64,13 +68,6 @@ LazyMethods::Block& LazyMethods::OwnBlock() const {
 }
 
 // Reading ---------------------------------------------------------------------------------------------
-
-Method* LazyMethods::WithBody(int id) const {
-  const int rank = Rank(id);
-  Method* method = MadeAt(rank);
-  if (method == nullptr && mSet->rows[rank].hasBody) method = Make(rank);
-  return method != nullptr && method->HasBodyAssigned() ? method : nullptr;
-}
 
 Method* LazyMethods::Named(const char* name) const {
   for (int rank = 0; rank < Size(); ++rank) {
@@ -113,7 +110,7 @@ void LazyMethods::Part() {
   MakeAll();
   auto* const own = new Block;
   own->owner = mBlock->owner;
-  std::memcpy(own->made, mBlock->made, sizeof own->made);
+  for (int rank = 0; rank < mSet->size; ++rank) own->Keep(rank, mBlock->made[rank]);
   if (HasAdded()) own->added = std::make_unique<Added>(*mBlock->added);
   LetGo();
   mBlock = own;
@@ -139,8 +136,7 @@ void LazyMethods::Describe(Owner* owner) {
   mOwner = owner;
   if (mBlock == nullptr) return;
   mBlock->owner = owner;
-  for (int rank = 0; rank < mSet->size; ++rank)
-    if (mBlock->made[rank] != nullptr) Tell(mBlock->made[rank], owner);
+  ForEachMade([owner](Method* method, int) { Tell(method, owner); });
   if (HasAdded())
     for (Method* method : mBlock->added->methods) Tell(method, owner);
 }
@@ -163,14 +159,13 @@ void LazyMethods::DestroyMethods() {
   int unmade = mSet->size;
   int arguments = mSet->arguments;
   if (mBlock != nullptr) {
-    for (int rank = 0; rank < mSet->size; ++rank) {
-      Method*& made = mBlock->made[rank];
-      if (made == nullptr) continue;
-      DestroyMethod(made);
-      made = nullptr;  // for those who share it
+    ForEachMade([&](Method* method, int rank) {
+      DestroyMethod(method);
+      mBlock->made[rank] = nullptr;  // for those who share it
       --unmade;
       arguments -= mSet->rows[rank].arguments;
-    }
+    });
+    mBlock->madeRanks = 0;
     if (HasAdded())
       for (Method* method : mBlock->added->methods) DestroyMethod(method);
     mBlock->added = nullptr;
@@ -181,11 +176,6 @@ void LazyMethods::DestroyMethods() {
 }
 
 void LazyMethods::FetchMethods() const {
-  if (mBlock == nullptr) return;
-  for (int rank = 0; rank < mSet->size; ++rank)
-    if (mBlock->made[rank] != nullptr) Prefetch(mBlock->made[rank], sizeof(VoidEventMethod));
-}
-
-void LazyMethods::LetGo() {
-  if (mBlock != nullptr && --mBlock->holders == 0) delete mBlock;
+  if (mBlock != nullptr)
+    ForEachMade([](const Method* method, int) { Prefetch(method, sizeof(VoidEventMethod)); });
 }

@@ -11,6 +11,7 @@
 // methods alone, and the reads throw an `int` for an absent id.
 #pragma once
 
+#include <bit>
 #include <memory>
 
 #include "kalve/foundations/BlockPool.h"
@@ -36,8 +37,12 @@ class LazyMethods {
 
   /// The method of an id. Throws an `int` for an id beyond the table, and for one without a method.
   Method* operator[](int id) const { return At(Rank(id)); }
-  /// The same if it has a body, else null.
-  Method* WithBody(int id) const;
+  /// The same for a method that may have a body; null for one that was never looked at and has none.
+  Method* Touched(int id) const {
+    const int rank = Rank(id);
+    Method* const made = MadeAt(rank);
+    return made != nullptr || !mSet->rows[rank].hasBody ? made : Make(rank);
+  }
   /// Its rank, negative for none; throws an `int` for an id beyond the table.
   int Rank(int id) const { return HasAdded() ? mBlock->added->ranks[id] : mSet->Rank(id); }
   /// The method of lowest rank that has the name, or null.
@@ -84,7 +89,13 @@ class LazyMethods {
     int holders = 1;
     void* owner;  // whom the methods still to be made describe
     Method* made[PredefinedSet::most] = {};
+    unsigned madeRanks = 0;  // a bit each
     std::unique_ptr<Added> added;
+
+    void Keep(int rank, Method* method) {
+      made[rank] = method;
+      madeRanks |= 1U << rank;
+    }
   };
 
   bool HasAdded() const { return mBlock != nullptr && mBlock->added != nullptr; }
@@ -98,11 +109,21 @@ class LazyMethods {
     Method* const made = MadeAt(rank);
     return made != nullptr ? made : Make(rank);
   }
+  /// There is a block.
+  template <class Act>
+  void ForEachMade(Act act) const {
+    for (unsigned left = mBlock->madeRanks; left != 0; left &= left - 1) {
+      const int rank = std::countr_zero(left);
+      act(mBlock->made[rank], rank);
+    }
+  }
   Method* Make(int rank) const;
   void MakeAll() const;
   Block& OwnBlock() const;
   void Part();
-  void LetGo();
+  void LetGo() {
+    if (mBlock != nullptr && --mBlock->holders == 0) delete mBlock;
+  }
 
   const PredefinedSet* mSet = &PredefinedSet::none;
   void* mOwner = nullptr;  // while there is no block

@@ -74,9 +74,9 @@ TEST(LazyMethods, AreFoundByIdAndNameWithRanksAsIfAllWereThere) {
   EXPECT_LT(owner.methods.Rank(GENERATE_NEXTEVENT), 0);
   EXPECT_EQ(owner.methods.Ranks().size(), IS_POPPING_TO_SUSPEND + 1);
   EXPECT_TRUE(Throws([&] { owner.methods[GENERATE_NEXTEVENT]; }));
-  EXPECT_TRUE(Throws([&] { owner.methods.WithBody(IS_POPPING_TO_SUSPEND + 1); }));
-  EXPECT_EQ(owner.methods.WithBody(UPDATE_NEXTEVENT), nullptr);
-  EXPECT_NE(owner.methods.WithBody(IS_POPPING_TO_SUSPEND), nullptr);
+  EXPECT_TRUE(Throws([&] { owner.methods.Touched(IS_POPPING_TO_SUSPEND + 1); }));
+  EXPECT_EQ(owner.methods.Touched(UPDATE_NEXTEVENT), nullptr);
+  EXPECT_TRUE(owner.methods.Touched(IS_POPPING_TO_SUSPEND)->HasBodyAssigned());
   Method* const update = owner.methods.Named("updateNextEvent");
   EXPECT_EQ(update, owner.methods[UPDATE_NEXTEVENT]);
   update->ClassName("autre");
@@ -122,13 +122,13 @@ TEST(LazyMethods, CopiesAndAssignmentsSeeDefaultBodies) {
   LazyMethods::CopyMethods(source.methods, {VOID, BOOLEAN}, copy);
   counts.Expect(8, 3, 7, 3);
   EXPECT_EQ(copy.methods.Methods().size(), 2);
-  EXPECT_NE(copy.methods.WithBody(IS_POPPING_TO_SUSPEND), nullptr);
+  EXPECT_TRUE(copy.methods[IS_POPPING_TO_SUSPEND]->HasBodyAssigned());
   EXPECT_EQ(copy.DescribedBy(IS_POPPING_TO_SUSPEND), copy.Address());
   EXPECT_TRUE(Throws([&] { LazyMethods().AssignMethods(source.methods); }));
   Owner target;
   static_cast<EventMethod*>(target.methods[RANDOMIZE_THISEVENTCLOCKTIME])->SetBody<int>(nullptr);
   target.methods.AssignMethods(source.methods);
-  EXPECT_NE(target.methods.WithBody(RANDOMIZE_THISEVENTCLOCKTIME), nullptr);
+  EXPECT_TRUE(target.methods[RANDOMIZE_THISEVENTCLOCKTIME]->HasBodyAssigned());
   for (Owner* owner : {&source, &copy, &target}) owner->methods.DestroyMethods();
 }
 

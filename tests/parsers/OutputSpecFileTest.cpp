@@ -288,7 +288,7 @@ TEST_F(OutputSpecFileTest, MutatedFilesEndInOrder) {
       "EVENT all_eventClasses ISO_8601 \"events\" OVERWRITE;\nPROCESS CONTINUOUS grazing \"grazing\";\n"
       "SERIES Cow { FILE \"weights\"; VALUES END; NUMBERED; PLOTTED LINE; PARAMETER ALL; weight 2; }\n"
       "SERIES Paddock { RECORDED; DATE CLOCK; INCLUDE \"part\"; area; }\n";
-  for (int i = 0; i < 100; ++i) ExpectOrderlyEnd(ParseOutputSpecFile, Mutated(example));
+  for (int i = 0; i < 300; ++i) ExpectOrderlyEnd(ParseOutputSpecFile, Mutated(example));
   EXPECT_GT(faults, 40);
 }
 

@@ -55,13 +55,13 @@ class RandomInputTest : public RandomInput {
 };
 
 TEST_F(RandomInputTest, MutatedFilesEndInOrder) {
-  for (int i = 0; i < 100; ++i) {
+  for (int i = 0; i < 300; ++i) {
     ExpectOrderlyEnd(ParseSimulationFile, Mutated(simulationExample));
     ExpectOrderlyEnd(ParseDirectiveFile, Mutated(directiveExample));
     ExpectOrderlyEnd(ParseParameterFile, Mutated(parameterExample));
     ExpectOrderlyEnd(ParseExpeFile, Mutated(designExample));
   }
-  EXPECT_GT(faults, 200);
+  EXPECT_GT(faults, 600);
 }
 
 TEST_F(RandomInputTest, RandomBytesEndInOrder) {

@@ -285,7 +285,7 @@ TEST_F(StructureFileTest, MutatedFilesEndInOrder) {
       "  ELEMENT Herd herd { FOR c = 1 TO 2 { ELEMENT Cow cow[c] { FOR u = 1 TO 1 { COMPONENT Udder; } } } }\n"
       "}\nREF \"farm\" { ELEMENT REF paddock1; }\n"
       "SPEC more OF Bull { REFERENT farm; WHERE anInt IN 3; WHERE ENTITY anEntity IN CLASS Cow; }\n";
-  for (int i = 0; i < 150; ++i) ExpectOrderlyEnd(ParseStructureFile, Mutated(example));
+  for (int i = 0; i < 300; ++i) ExpectOrderlyEnd(ParseStructureFile, Mutated(example));
   EXPECT_GT(faults, 50);
 }
 

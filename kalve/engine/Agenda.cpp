@@ -12,7 +12,6 @@
 #include "kalve/engine/Event.h"
 #include "kalve/engine/Simulation.h"
 #include "kalve/foundations/CoreException.h"
-#include "kalve/foundations/Prefetch.h"
 #include "kalve/foundations/Rng.h"
 #include "kalve/model/BasicEntity.h"
 
@@ -76,13 +75,14 @@ bool Simulation::IsDuplicate(Event* event, Event* current) const {
 int Simulation::PlaceInAgenda(Event* event) {
   mAgendaEvents.go_head();
   if (mAgendaIndex.IsOn() && mAgendaEvents.is_current_in()) {
-    bool standsBefore = false;
-    mAgendaEvents.set_currentCell(mAgendaIndex.StartFor(event, standsBefore));
-    // Behind the tail, after cells that the predicate would have answered without setting its flag.
-    if (mAgendaEvents.is_current_off()) gEquallyPlacedEventFlag = 0;
-    if (standsBefore) {
-      gEquallyPlacedEventFlag = 0;  // the predicate's answer without a call
-      return PlaceBefore(event, mAgendaEvents.get_currentCell());
+    const AgendaIndex::Start start = mAgendaIndex.FindStart(event);
+    mAgendaEvents.set_currentCell(start.cell);
+    // Where no predicate is called, the flag is what its answers would have left.
+    if (start.cell == nullptr || start.standsBefore) gEquallyPlacedEventFlag = 0;
+    if (start.standsBefore) {
+      PutBefore(event);
+      mAgendaIndex.InsertedAt(start);
+      return 1;
     }
   }
   Cell<Event*>* const start = mAgendaEvents.get_currentCell();
@@ -148,20 +148,14 @@ int Simulation::DelayInAgendaEvents(Event* event, int delay) {
 
 namespace {
 
-/// While an event runs, the memory of the next ones is on its way: in a large agenda it is far.
-void FetchNext(const Cell<Event*>* cell) {
-  for (int before = 0; before <= 3 && cell != nullptr; ++before, cell = cell->GetNextCell())
-    cell->GetItem()->Fetch(before);
-  Prefetch(cell, sizeof *cell);
-}
-
-constexpr int largeAgenda = 3000;
+/// From here on the memory of the events is far, and on its way while others run.
+constexpr int largeAgenda = 300;
 
 }  // namespace
 
 Event* Simulation::DepileAgendaEvents() {
   mCurrentlyPoppedEvent = mAgendaEvents.front();
-  if (mAgendaEvents.size() > largeAgenda) FetchNext(mAgendaEvents.HeadCell());
+  if (mAgendaEvents.size() > largeAgenda) Event::FetchBehind(mAgendaEvents.HeadCell());
   FreeCell(mAgendaEvents.HeadCell());
   mCurrentlyPoppedEvent->RecordPop();
   return mCurrentlyPoppedEvent;

@@ -5,6 +5,8 @@
 
 #include "kalve/foundations/Prefetch.h"
 
+constinit BlockPool AgendaFences::Chunk::pool{sizeof(AgendaFences::Chunk)};
+
 namespace {
 
 /// How many of the rising keys are below `key`, given that the last one is not. Without a branch on a
@@ -22,6 +24,15 @@ std::ptrdiff_t CountBelow(const AgendaFences::Key* keys, std::ptrdiff_t count, A
 
 }  // namespace
 
+/// The same, in steps that the compiler knows.
+inline int AgendaFences::Chunk::CountBelow(Key key) const {
+  static_assert((most & (most - 1)) == 0);
+  int slot = 0;
+  for (int half = most / 2; half > 0; half /= 2)
+    slot += static_cast<int>(bounds[slot + half - 1] < key) * half;
+  return slot;
+}
+
 void AgendaFences::Clear() {
   mChunks.clear();
   mTops.clear();
@@ -38,8 +49,8 @@ AgendaFences::Place AgendaFences::LowerBound(Key key) const {
   const std::ptrdiff_t chunks = static_cast<std::ptrdiff_t>(mTops.size()) - front;
   const auto at = static_cast<std::size_t>(front + CountBelow(mTops.data() + front, chunks, key));
   const Chunk& chunk = *mChunks[at];
-  if (chunks > Chunk::most) Prefetch(&chunk, sizeof chunk);  // else they are near
-  return {at, static_cast<int>(CountBelow(chunk.bounds, Chunk::most, key))};
+  if (chunks > Chunk::most) Prefetch(&chunk.bounds);  // else they are near
+  return {at, chunk.CountBelow(key)};
 }
 
 // Slots ------------------------------------------------------------------------------------------------

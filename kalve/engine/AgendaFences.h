@@ -12,6 +12,7 @@
 #include <memory>
 #include <vector>
 
+#include "kalve/foundations/BlockPool.h"
 #include "kalve/foundations/Forward.h"
 #include "kalve/foundations/Liste.h"
 
@@ -70,6 +71,10 @@ class AgendaFences {
     std::uintptr_t cells[most];
 
     Chunk(int first, int count);
+    static void* operator new(std::size_t size) { return pool.Take(size); }
+    static void operator delete(void* block) { pool.Give(block); }
+    static BlockPool pool;
+    int CountBelow(Key key) const;
     void Move(int from, int to, int count);
     int Open(int slot);
     int Close(int slot);

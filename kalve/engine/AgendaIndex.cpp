@@ -66,11 +66,20 @@ AgendaIndex::AgendaCell* AgendaIndex::StartFor(const Event* event) const {
   return CellOf(Find(KeyOf(event)));
 }
 
-AgendaIndex::AgendaCell* AgendaIndex::StartFor(const Event* event, bool& standsBefore) const {
+AgendaIndex::Start AgendaIndex::FindStart(const Event* event) const {
   const Key key = KeyOf(event);
   const Fence fence = Find(key);
-  standsBefore = mFences.IsExact(fence) && key < mFences.Bound(fence);
-  return CellOf(fence);
+  return {CellOf(fence), mFences.IsExact(fence) && key < mFences.Bound(fence), fence, key};
+}
+
+void AgendaIndex::InsertedAt(const Start& start) {
+  AgendaCell* const cell = start.cell;
+  // The first fence stands on the head by itself.
+  if (IsFirst(start.fence)) return InsertedBefore(cell, cell);
+  // The fence goes on with its event, which keeps its count.
+  mFences.SetCell(start.fence, cell->GetNextCell(), true);
+  mFences.SetCell(mFences.Insert(start.fence, start.key), cell, true);
+  ++cell->GetItem()->mFences;
 }
 
 /// The walk for `key` passed from `start` to `reached`: everything in front of `reached` has a smaller key.
@@ -95,13 +104,6 @@ void AgendaIndex::InsertedBefore(AgendaCell* start, AgendaCell* cell) {
   const Key key = KeyOf(cell->GetItem());
   AgendaCell* const moved = cell->GetNextCell();
   Fence fence = Find(key);
-  if (start == cell && !IsFirst(fence) && mFences.Bound(fence) != key) {
-    // The usual case: the fence goes on with its event, which keeps its count.
-    mFences.SetCell(fence, moved, mFences.IsExact(fence));
-    mFences.SetCell(mFences.Insert(fence, key), cell, true);
-    ++cell->GetItem()->mFences;
-    return;
-  }
   Fence onCell;
   if (HasFence(cell, moved->GetItem(), onCell)) {
     --moved->GetItem()->mFences;  // counted while its event stood in this cell

@@ -31,8 +31,16 @@ class AgendaIndex {
 
   /// The cell where a walk for the event may begin; null behind the tail.
   AgendaCell* StartFor(const Event* event) const;
-  /// The same. It may be known without a look at the event in that cell that this one stands before it.
-  AgendaCell* StartFor(const Event* event, bool& standsBefore) const;
+  /// Where the walk for an event may begin.
+  struct Start {
+    AgendaCell* cell;   // null behind the tail
+    bool standsBefore;  // the event stands before the one in that cell: this is known without a look at it
+    AgendaFences::Place fence;
+    AgendaFences::Key key;
+  };
+  Start FindStart(const Event* event) const;
+  /// After an insertion without a walk, before what stood in the start's cell and has moved to the next one.
+  void InsertedAt(const Start& start);
   /// After an insertion whose walk began at `start`: the event stands in `cell`, and what stood there before
   /// in the next one.
   void InsertedBefore(AgendaCell* start, AgendaCell* cell);

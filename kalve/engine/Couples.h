@@ -18,6 +18,8 @@ class Couples {
     if (rank < 0 || rank >= size()) ThrowIndex(rank);
     return begin()[rank];
   }
+  /// Of the couple that came first; null when there is none.
+  Process* FirstProcess() const { return mFirst.process; }
   StructProcessAction* back() const { return (*this)[size() - 1]; }
   StructProcessAction* const* begin() const { return mMany.empty() ? &mOnly : mMany.begin(); }
   StructProcessAction* const* end() const { return begin() + size(); }
@@ -50,6 +52,7 @@ inline void Couples::Insert(int rank, Process* process, ActionType action) {
 
 inline void Couples::Clear() {
   mOnly = nullptr;
+  mFirst.process = nullptr;
   if (mMany.empty()) return;
   for (StructProcessAction* couple : mMany)
     if (couple != &mFirst) delete couple;

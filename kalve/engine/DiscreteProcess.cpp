@@ -22,8 +22,6 @@ DiscreteProcess::DiscreteProcess() {
   BeginMethods(predefinedSet<ProcessPrecondition, ProcessPostponementDelay, ExecProcess>);
 }
 
-DiscreteProcess::DiscreteProcess(bool withoutMethod) : Process(withoutMethod) { Subclass(DISCRETE_PROCESS); }
-
 DiscreteProcess::DiscreteProcess(int classSymbol) : DiscreteProcess(classSymbol, "DiscreteProcess") {}
 
 DiscreteProcess::DiscreteProcess(int classSymbol, const char* className) : DiscreteProcess() {
@@ -41,17 +39,8 @@ DiscreteProcess::DiscreteProcess(const DiscreteProcess& other)
   TakeFlags(other);
 }
 
-/// What a raw copy takes.
-void DiscreteProcess::ShareWith(const DiscreteProcess& other) {
-  ++_nbConst;
-  if (g_KV_TraceNewDelMode != 0)
-    std::cout << "\n++raw copy construction de DP " << other.ClassName() << " " << this << " <- " << &other;
-  TakeBinding(other);
-  mIsReadSDRec = other.mIsReadSDRec;
-  mIsInitSDRec = other.mIsInitSDRec;
-  AddInstance(other.ClassSymbol(), other.ClassName());
-  mMethods.Share(other.mMethods, static_cast<Process*>(this));
-  TakeFlags(other);
+void DiscreteProcess::TraceDestruction() const {
+  std::cout << "\n-Destruction du processus ponctuel " << this;
 }
 
 const DiscreteProcess& DiscreteProcess::operator=(const DiscreteProcess& other) {
@@ -71,22 +60,12 @@ const DiscreteProcess& DiscreteProcess::operator=(const DiscreteProcess& other) 
   return other;
 }
 
-DiscreteProcess::~DiscreteProcess() {
-  if (g_KV_TraceNewDelMode != 0) std::cout << "\n-Destruction du processus ponctuel " << this;
-  ++_nbDest;
-}
-
 void DiscreteProcess::TakeMethodsOfItsOwn() {
   const Tableau<Method*> shared = mMethods.Methods();
   if (!shared.empty() && static_cast<ProcessMethod*>(shared[0])->DescribedProcess() == this) return;
   mMethods.Forget();
   for (Method* method : shared)
     if (Method* copy = NewMethodCopy(*method, copiedMethods)) AddMethod(copy);
-}
-
-void DiscreteProcess::TakeFlags(const DiscreteProcess& other) {
-  HasPrecondition(other.HasPrecondition());
-  HasPostponementDelay(other.HasPostponementDelay());
 }
 
 void DiscreteProcess::SetExec(VoidBody body) { AssignBody(EXEC_PROCESS, body); }

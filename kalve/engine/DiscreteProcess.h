@@ -8,7 +8,7 @@ class DiscreteProcess : public Process {
  public:
   DiscreteProcess();
   /// A shell for raw copies.
-  explicit DiscreteProcess(bool withoutMethod);
+  explicit DiscreteProcess(bool withoutMethod) : Process(withoutMethod) { Subclass(DISCRETE_PROCESS); }
   explicit DiscreteProcess(int classSymbol);
   DiscreteProcess(int classSymbol, const char* className);
   /// With copies of the methods.
@@ -19,7 +19,10 @@ class DiscreteProcess : public Process {
   /// Takes all but number and instance name; assigns the methods rank by rank. Answers `other`.
   const DiscreteProcess& operator=(const DiscreteProcess& other);
   /// Leaves the methods alone.
-  ~DiscreteProcess();
+  ~DiscreteProcess() {
+    if (g_KV_TraceNewDelMode != 0) TraceDestruction();
+    ++_nbDest;
+  }
   /// Destroys the methods, then destroys and frees the process as its true class. ProcessDispatch.cpp
   void DeleteInDepth();
   static void* operator new(std::size_t size) { return pool.Take(size); }
@@ -31,19 +34,23 @@ class DiscreteProcess : public Process {
   void SetExec(VoidBody body);
   /// Marks of the processes that read factual files.
   int IsReadSDRec() const { return mIsReadSDRec; }
-  void IsReadSDRec(int flag) { mIsReadSDRec = flag; }
+  void IsReadSDRec(int flag) { mIsReadSDRec = flag != 0; }
   int IsInitSDRec() const { return mIsInitSDRec; }
-  void IsInitSDRec(int flag) { mIsInitSDRec = flag; }
+  void IsInitSDRec(int flag) { mIsInitSDRec = flag != 0; }
 
   static int getNbConst() { return _nbConst; }
   static int getNbDest() { return _nbDest; }
 
  private:
   void ShareWith(const DiscreteProcess& other);
-  void TakeFlags(const DiscreteProcess& other);
+  void TakeFlags(const DiscreteProcess& other) {
+    HasPrecondition(other.HasPrecondition());
+    HasPostponementDelay(other.HasPostponementDelay());
+  }
+  void TraceDestruction() const;
 
-  int mIsReadSDRec = 0;
-  int mIsInitSDRec = 0;
+  bool mIsReadSDRec = false;
+  bool mIsInitSDRec = false;
 
   static BlockPool pool;
   static int _nbConst;

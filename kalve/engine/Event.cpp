@@ -1,9 +1,7 @@
 #include "kalve/engine/Event.h"
 
-#include "kalve/engine/DiscreteProcess.h"
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/InstanceName.h"
-#include "kalve/foundations/Prefetch.h"
 
 int Event::mInstanceNumber = 0;
 int Event::_nbConst = 0;
@@ -34,7 +32,7 @@ void Event::SetInstanceName(const char* name, int number) {
 
 void Event::SetPriorityDegree(short degree) {
   if (degree < 0 || degree > 99) UnexpectedPriorityDegree(this, degree);
-  Place(mOccurrenceClockTime, degree);
+  Place(mTerms.clock, degree);
 }
 
 namespace {
@@ -58,29 +56,27 @@ float CheckedProbability(Event* event, int percent) {
 }  // namespace
 
 void Event::SetOccurrenceProbability(float probability) {
-  mOccurrenceProbability = CheckedProbability(this, probability);
+  mTerms.probability = CheckedProbability(this, probability);
 }
 
-void Event::SetOccurrenceProbability(int percent) {
-  mOccurrenceProbability = CheckedProbability(this, percent);
-}
+void Event::SetOccurrenceProbability(int percent) { mTerms.probability = CheckedProbability(this, percent); }
 
 void Event::SetNextEventOccurrenceProbability(float probability) {
-  mNextEventOccurrenceProbability = CheckedProbability(this, probability);
+  mTerms.nextProbability = CheckedProbability(this, probability);
 }
 
 void Event::SetNextEventOccurrenceProbability(int percent) {
-  mNextEventOccurrenceProbability = CheckedProbability(this, percent);
+  mTerms.nextProbability = CheckedProbability(this, percent);
 }
 
 void Event::SetMinDelayNextEvent(int delay) {
-  if (mAutoGenerate == 0) UnexpectedDelayNextEvent(this, delay);
-  mMinDelayNextEvent = delay;
+  if (mMarks.isAutoGenerate == 0) UnexpectedDelayNextEvent(this, delay);
+  mTerms.minDelay = delay;
 }
 
 void Event::SetMaxDelayNextEvent(int delay) {
-  if (mAutoGenerate == 0) UnexpectedDelayNextEvent(this, delay);
-  mMaxDelayNextEvent = delay;
+  if (mMarks.isAutoGenerate == 0) UnexpectedDelayNextEvent(this, delay);
+  mTerms.maxDelay = delay;
 }
 
 // Couples
@@ -97,45 +93,7 @@ ActionType Event::FirstActionLabel() {
   return UNSPECIFIED_ACTION;
 }
 
-void Event::ClearListProcessAction() {
-  // Outside of an agenda the processes may be gone already.
-  if (mAgendas != 0) CountCouples(-mAgendas);
-  mListpProcessAction.Clear();
-}
-
-void Event::Fetch(int eventsBefore) const {
-  const Process* const process =
-      eventsBefore < 3 && !mListpProcessAction.empty() ? mListpProcessAction[0]->process : nullptr;
-  switch (eventsBefore) {
-    case 3:
-      return Prefetch(this, sizeof *this);
-    case 2:
-      mMethods.FetchBlock();
-      return Prefetch(process, sizeof(DiscreteProcess));
-    case 1:
-      mMethods.FetchMethods();
-      if (process != nullptr) process->mMethods.FetchBlock();
-      return;
-    default:
-      if (process != nullptr) process->mMethods.FetchMethods();
-  }
-}
-
-/// Puts a couple at its rank; the process knows of the agendas in which it now waits.
-void Event::Append(Process* process, ActionType action, int rank) {
-  mListpProcessAction.Insert(rank, process, action);
-  if (process != nullptr) process->mAgendaCouples += mAgendas;
-}
-
-void Event::StandInAgendas(int change) {
-  mAgendas += change;
-  CountCouples(change);
-}
-
-void Event::CountCouples(int change) {
-  for (StructProcessAction* couple : mListpProcessAction)
-    if (couple->process != nullptr) couple->process->mAgendaCouples += change;
-}
+void Event::ClearListProcessAction() { LetGoOfCouples(); }
 
 Tableau<Process*> Event::DistinctProcesses() const {
   Tableau<Process*> processes;

@@ -17,6 +17,12 @@ bool HasLowerStep(Process* process, Process* other) {
 
 }  // namespace
 
+/// Puts a couple at its rank; the process knows of the agendas in which it now waits.
+void Event::Append(Process* process, ActionType action, int rank) {
+  mListpProcessAction.Insert(rank, process, action);
+  if (process != nullptr) process->mAgendaCouples += mAgendas;
+}
+
 void Event::AddProcessAction(Process* process, ActionType action) {
   if (!mListpProcessAction.empty()) {
     const StructProcessAction& last = *mListpProcessAction.back();

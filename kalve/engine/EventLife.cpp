@@ -50,9 +50,10 @@ Event::Event(short priority, const char* className) {
   mMethods.Begin(allMethods, this);
 }
 
-Event::Event(const char* className, int autoGenerate, int postConsequence)
-    : mAutoGenerate(autoGenerate), mHasPostConsequence(postConsequence) {
+Event::Event(const char* className, int autoGenerate, int postConsequence) {
   ++_nbConst;
+  mMarks.isAutoGenerate = autoGenerate;
+  mMarks.hasPostConsequence = postConsequence;
   AddInstance(K_INT_UNSIGNIFICANT, className);
   TraceConstruction();
   mMethods.Begin(MethodsFor(autoGenerate != 0, postConsequence != 0), this);
@@ -67,23 +68,10 @@ void Event::TraceConstruction() const {
     std::cout << "\n+Construction de l'event " << this << " \"" << mClassName << "\"";
 }
 
-/// Date and its bounds, probability, priority, and what is said of the successor.
-void Event::TakeDates(const Event& other) {
-  mMinOccurrenceClockTime = other.mMinOccurrenceClockTime;
-  mMaxOccurrenceClockTime = other.mMaxOccurrenceClockTime;
-  mOccurrenceProbability = other.mOccurrenceProbability;
-  mMinDelayNextEvent = other.mMinDelayNextEvent;
-  mMaxDelayNextEvent = other.mMaxDelayNextEvent;
+void Event::TakeTerms(const Event& other) {
+  if (mAgendas != 0) Place(other.mTerms.clock, other.mTerms.priority);
+  mTerms = other.mTerms;
   mNextEventClassName = other.mNextEventClassName;
-  mNextEventOccurrenceProbability = other.mNextEventOccurrenceProbability;
-  Place(other.mOccurrenceClockTime, other.mPriorityDegree);
-}
-
-void Event::TakeFlags(const Event& other) {
-  mIsRecorded = other.mIsRecorded;
-  mOutputSpec = other.mOutputSpec;
-  mAutoGenerate = other.mAutoGenerate;
-  mHasPostConsequence = other.mHasPostConsequence;
 }
 
 namespace {
@@ -112,41 +100,49 @@ void Event::CopyCouples(const Event& other, NewDiscrete newDiscrete) {
       if (copy == nullptr && AreAlike(own->process, source)) copy = own->process;
     if (copy == nullptr)
       copy = source->Subclass() == DISCRETE_PROCESS ? newDiscrete(source) : CopyProcess(source);
-    if (copy != nullptr) AddProcessAction(copy, couple->action);
+    if (copy == nullptr) continue;
+    if (mListpProcessAction.empty())
+      mListpProcessAction.Insert(0, copy, couple->action);  // no agenda knows this event yet
+    else
+      AddProcessAction(copy, couple->action);
   }
 }
 
 Event::Event(const Event& other) : mNextEvent(other.mNextEvent) {
   ++_nbConst;
   if (g_KV_TraceNewDelMode != 0) std::cout << "\n++copy construction de l'event " << this << " <- " << &other;
-  TakeDates(other);
+  TakeTerms(other);
   AddInstance(other.mClassSymbol, other.mClassName);
-  TakeFlags(other);
-  mAutoGenerate = mHasPostConsequence = 0;
+  mMarks = other.mMarks;
+  mMarks.isAutoGenerate = mMarks.hasPostConsequence = 0;
   mIsPoppingToSuspend = other.mIsPoppingToSuspend;
   mIsPoppingToResume = other.mIsPoppingToResume;
   CopyCouples(other, CopyProcess);
   LazyMethods::CopyMethods(other.mMethods, {VOID, BOOLEAN, INT}, *this);
-  mAutoGenerate = other.mAutoGenerate;
-  mHasPostConsequence = other.mHasPostConsequence;
+  mMarks.isAutoGenerate = other.mMarks.isAutoGenerate;
+  mMarks.hasPostConsequence = other.mMarks.hasPostConsequence;
 }
 
-Event* Event::RawCopy() {
-  auto* copy = new Event(true);
+Event::Event(const Event& source, Raw)
+    : mClassSymbol(source.mClassSymbol),
+      mThisInstanceNumber(++mInstanceNumber),
+      mClassName(source.mClassName),
+      mNameStem(source.mClassName),
+      mTerms(source.mTerms),
+      mMarks(source.mMarks),
+      mNextEventClassName(source.mNextEventClassName) {
   ++_nbConst;
-  copy->TakeDates(*this);
-  copy->AddInstance(mClassSymbol, mClassName);
-  copy->CopyCouples(
-      *this, [](Process* process) -> Process* { return static_cast<DiscreteProcess*>(process)->RawCopy(); });
-  copy->mMethods.Share(mMethods, copy);
-  copy->TakeFlags(*this);
-  return copy;
+  CopyCouples(source,
+              [](Process* process) -> Process* { return static_cast<DiscreteProcess*>(process)->RawCopy(); });
+  mMethods.Share(source.mMethods, this);
 }
+
+Event* Event::RawCopy() { return new Event(*this, Raw()); }
 
 const Event& Event::operator=(const Event& other) {
   if (g_KV_TraceNewDelMode != 0) std::cout << "=assignation de " << this << " avec " << &other;
   if (this == &other) return other;
-  TakeDates(other);
+  TakeTerms(other);
   mClassName = other.mClassName;
   ClearListProcessAction();
   for (StructProcessAction* couple : other.mListpProcessAction)
@@ -157,7 +153,7 @@ const Event& Event::operator=(const Event& other) {
     const Tableau<Method*> methods = mMethods.Methods();
     TabIndexOutOfRange(index, "Event::operator=", &methods, index, true);
   }
-  TakeFlags(other);
+  mMarks = other.mMarks;
   return other;
 }
 
@@ -165,7 +161,7 @@ Event::~Event() {
   if (g_KV_TraceNewDelMode != 0)
     std::cout << "\n-Destruction superficielle de l'event " << mClassName << this;
   ++_nbDest;
-  ClearListProcessAction();
+  LetGoOfCouples();
 }
 
 void Event::DeleteInDepth() {

@@ -29,20 +29,29 @@ Method* Event::MethodOr(int id, const char* caller) {
 /// The same, and null for a method without body.
 Method* Event::MethodWithBody(int id, const char* caller) {
   try {
-    Method* const method = mMethods.Touched(id);
-    return method != nullptr && method->HasBodyAssigned() ? method : nullptr;
+    return mMethods.WithBody(id);
   } catch (int) {
     ReportAbsent(id, caller);
     return nullptr;
   }
 }
 
+bool Event::HasGeneration() {
+  const bool generates = GetMethodWithBody(GENERATE_NEXTEVENT) != nullptr;
+  const bool updates = GetMethodWithBody(UPDATE_NEXTEVENT) != nullptr;
+  const bool defines = GetMethodWithBody(DEFINE_NEXTEVENTCLOCKTIME) != nullptr;
+  return generates || updates || defines;
+}
+
 Method* Event::GetMethod(int id) { return MethodOr(id, "Event::GetMethod"); }
 Method* Event::GetMethodWithBody(int id) { return MethodWithBody(id, "Event::GetMethod"); }
 
+/// To take a body away, no method need be made.
 template <class Body>
 void Event::Assign(int id, Body body) {
-  if (Method* method = MethodOr(id, "Event::AssignBody")) static_cast<EventMethod*>(method)->SetBody(body);
+  constexpr const char* caller = "Event::AssignBody";
+  Method* const method = body != nullptr ? MethodOr(id, caller) : MethodWithBody(id, caller);
+  if (method != nullptr) static_cast<EventMethod*>(method)->SetBody(body);
 }
 
 void Event::AssignBody(int id, VoidBody body) { Assign(id, body); }
@@ -112,13 +121,13 @@ void Event::SetRandomizeNextEventClockTime(IntBody body) { AssignBody(RANDOMIZE_
 void Event::SetIsPoppingToSuspendMethod(BoolBody body) { AssignBody(IS_POPPING_TO_SUSPEND, body); }
 
 void Event::SetMaxOccurrenceClockTime(int clock) {
-  if (mMinOccurrenceClockTime < 0) UnauthorizedMaxOccurenceClockTime(this, clock);
+  if (mTerms.minClock < 0) UnauthorizedMaxOccurenceClockTime(this, clock);
   int date = clock;
-  if (mMinOccurrenceClockTime != clock) {
-    SetIntArgValue(RANDOMIZE_THISEVENTCLOCKTIME, INT_LOW_BOUND_ARGUMENT, mMinOccurrenceClockTime);
+  if (mTerms.minClock != clock) {
+    SetIntArgValue(RANDOMIZE_THISEVENTCLOCKTIME, INT_LOW_BOUND_ARGUMENT, mTerms.minClock);
     SetIntArgValue(RANDOMIZE_THISEVENTCLOCKTIME, INT_UPPER_BOUND_ARGUMENT, clock);
     date = ExecIntCoreMethod(RANDOMIZE_THISEVENTCLOCKTIME);
   }
   SetOccurrenceClockTime(date);
-  mMaxOccurrenceClockTime = clock;
+  mTerms.maxClock = clock;
 }

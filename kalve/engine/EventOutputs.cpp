@@ -11,13 +11,13 @@ void Event::ClassName(const char* name) {
   if (!EventOutputSpec::AreOutputSpec()) return;
   EventOutputSpec* const spec = EventOutputSpec::InChargeOf(name);
   if (spec == nullptr) return;
-  mIsRecorded = 1;
-  mOutputSpec = spec;
+  mMarks.isRecorded = 1;
+  mMarks.outputSpec = spec;
 }
 
 void Event::RecordPop() const {
-  if (mIsRecorded != 0 && mOutputSpec != nullptr)
-    mOutputSpec->AddOccurrenceData(mClassName, mOccurrenceClockTime);
+  if (mMarks.isRecorded != 0 && mMarks.outputSpec != nullptr)
+    mMarks.outputSpec->AddOccurrenceData(mClassName, mTerms.clock);
 }
 
 void Process::ClassName(const char* name) {
@@ -25,14 +25,14 @@ void Process::ClassName(const char* name) {
   if (!ProcessOutputSpec::AreOutputSpec()) return;
   ProcessOutputSpec* const spec = ProcessOutputSpec::InChargeOf(name);
   if (spec == nullptr) return;
-  mIsRecorded = 1;
+  mBinding.isRecorded = 1;
   mOutputSpec = spec;
 }
 
 void Process::RecordStart(int clock) {
-  if (mIsRecorded == 0 || mOutputSpec == nullptr) return;
+  if (mBinding.isRecorded == 0 || mOutputSpec == nullptr) return;
   const Entity* const entity = ProcessedEntity();
-  mOutputSpec->AddOccurrenceData(mSubclass, mClassName, mThisInstanceNumber, clock,
+  mOutputSpec->AddOccurrenceData(mBinding.subclass, mClassName, mThisInstanceNumber, clock,
                                  entity != nullptr ? entity->InstanceName() : "");
 }
 

@@ -14,40 +14,14 @@ int Process::mInstanceNumber = 0;
 
 Process::Process() { BeginMethods(predefinedSet<ProcessPrecondition, ProcessPostponementDelay>); }
 
-Process::Process(bool withoutMethod) {
-  if (!withoutMethod) std::printf("\nappel interdit du constructeur Process(withoutMethod)\n");
-}
+void Process::RefuseMethods() { std::printf("\nappel interdit du constructeur Process(withoutMethod)\n"); }
 
-Process::Process(const Process& other)
-    : mSubclass(other.mSubclass),
-      mProcessedEntity(other.mProcessedEntity),
-      mProcessedEntityClassId(other.mProcessedEntityClassId),
-      mHasProcessedEntity(other.mHasProcessedEntity),
-      mProcessedEntitySpec(other.mProcessedEntitySpec),
-      mHasProcessedEntitySpec(other.mHasProcessedEntitySpec),
-      mPostponementDelay(other.mPostponementDelay),
-      mToBeDeleted(other.mToBeDeleted),
-      mIsRecorded(other.mIsRecorded) {
+Process::Process(const Process& other) : mBinding(other.mBinding) {
   AddInstance(other.mClassSymbol, other.mClassName);
 }
 
-Process::~Process() {
-  if (g_KV_TraceNewDelMode != 0)
-    std::cout << "\n-Destruction du processus " << this << " (" << mClassName << ") ";
-  if (mAgendaCouples > 0) LeaveAgendas();
-  RemoveInstance(this);
-}
-
-void Process::TakeBinding(const Process& other) {
-  mSubclass = other.mSubclass;
-  mProcessedEntity = other.mProcessedEntity;
-  mProcessedEntityClassId = other.mProcessedEntityClassId;
-  mHasProcessedEntity = other.mHasProcessedEntity;
-  mProcessedEntitySpec = other.mProcessedEntitySpec;
-  mHasProcessedEntitySpec = other.mHasProcessedEntitySpec;
-  mPostponementDelay = other.mPostponementDelay;
-  mToBeDeleted = other.mToBeDeleted;
-  mIsRecorded = other.mIsRecorded;
+void Process::TraceDestruction() const {
+  std::cout << "\n-Destruction du processus " << this << " (" << mClassName << ") ";
 }
 
 // Identity
@@ -129,8 +103,7 @@ Method* Process::MethodOr(int id, const char* caller) {
 /// The same, and null for a method without body.
 Method* Process::MethodWithBody(int id, const char* caller) {
   try {
-    Method* const method = mMethods.Touched(id);
-    return method != nullptr && method->HasBodyAssigned() ? method : nullptr;
+    return mMethods.WithBody(id);
   } catch (int) {
     ReportAbsent(id, caller);
     return nullptr;
@@ -140,15 +113,16 @@ Method* Process::MethodWithBody(int id, const char* caller) {
 Method* Process::GetMethod(int id) { return MethodOr(id, "Process::GetMethod"); }
 Method* Process::GetMethodWithBody(int id) { return MethodWithBody(id, "Process::GetMethod"); }
 
-void Process::AssignBody(int id, VoidBody body) {
-  if (Method* method = MethodOr(id, "Process::AssignBody"))
-    static_cast<ProcessMethod*>(method)->SetBody(body);
+/// To take a body away, no method need be made.
+template <class Body>
+void Process::Assign(int id, Body body) {
+  constexpr const char* caller = "Process::AssignBody";
+  Method* const method = body != nullptr ? MethodOr(id, caller) : MethodWithBody(id, caller);
+  if (method != nullptr) static_cast<ProcessMethod*>(method)->SetBody(body);
 }
 
-void Process::AssignBody(int id, IntBody body) {
-  if (Method* method = MethodOr(id, "Process::AssignBody"))
-    static_cast<ProcessMethod*>(method)->SetBody(body);
-}
+void Process::AssignBody(int id, VoidBody body) { Assign(id, body); }
+void Process::AssignBody(int id, IntBody body) { Assign(id, body); }
 
 void Process::SetIntArgValue(int methodId, int argumentId, int value) {
   if (Method* method = MethodOr(methodId, "Process::SetIntArgValue")) method->SetArgValue(argumentId, value);

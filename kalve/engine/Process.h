@@ -14,6 +14,7 @@
 #include "kalve/foundations/InstanceTable.h"
 #include "kalve/foundations/RareText.h"
 #include "kalve/foundations/SharedConstants.h"
+#include "kalve/foundations/TraceSwitches.h"
 #include "kalve/methods/LazyMethods.h"
 
 class Process {
@@ -25,11 +26,17 @@ class Process {
   /// Precondition and postponement delay among its methods; registers nothing.
   Process();
   /// A shell for raw copies, without methods; false is reported and goes on.
-  explicit Process(bool withoutMethod);
+  explicit Process(bool withoutMethod) {
+    if (!withoutMethod) RefuseMethods();
+  }
   Process(const Process& other);
   Process& operator=(const Process&) = delete;
   /// Leaves the methods alone. An event that still waits with the process goes on without it.
-  ~Process();
+  ~Process() {
+    if (g_KV_TraceNewDelMode != 0) TraceDestruction();
+    if (mAgendaCouples > 0) LeaveAgendas();
+    RemoveInstance(this);
+  }
   /// Destroys the process as a Class and frees it; the allocation knows the size of what an application has
   /// derived from it.
   template <class Class>
@@ -42,8 +49,8 @@ class Process {
   }
 
   // Identity
-  ProcessSubclassId Subclass() const { return mSubclass; }
-  void Subclass(ProcessSubclassId subclass) { mSubclass = subclass; }
+  ProcessSubclassId Subclass() const { return mBinding.subclass; }
+  void Subclass(ProcessSubclassId subclass) { mBinding.subclass = subclass; }
   int ClassSymbol() const { return mClassSymbol; }
   void ClassSymbol(int symbol) { mClassSymbol = symbol; }
   const char* ClassName() const { return mClassName; }
@@ -63,13 +70,13 @@ class Process {
 
   // Processed entity: ProcessBinding.cpp
   /// The class of which the entity must be an instance.
-  int ProcessedEntityClassId() const { return mProcessedEntityClassId; }
-  void ProcessedEntityClassId(int classSymbol) { mProcessedEntityClassId = classSymbol; }
-  int HasProcessedEntity() const { return mHasProcessedEntity; }
-  void HasProcessedEntity(int flag) { mHasProcessedEntity = flag; }
-  int HasProcessedEntitySpec() const { return mHasProcessedEntitySpec; }
-  void HasProcessedEntitySpec(int flag) { mHasProcessedEntitySpec = flag; }
-  EntitySpec* ProcessedEntitySpec() const { return mProcessedEntitySpec; }
+  int ProcessedEntityClassId() const { return mBinding.entityClass; }
+  void ProcessedEntityClassId(int classSymbol) { mBinding.entityClass = classSymbol; }
+  int HasProcessedEntity() const { return mBinding.hasEntity; }
+  void HasProcessedEntity(int flag) { mBinding.hasEntity = flag; }
+  int HasProcessedEntitySpec() const { return mBinding.hasSpec; }
+  void HasProcessedEntitySpec(int flag) { mBinding.hasSpec = flag; }
+  EntitySpec* ProcessedEntitySpec() const { return mBinding.spec; }
   /// The specification, not owned, that finds or makes the entity anew at each question. Its class must be
   /// the process's or a descendant, and it must select or else make one entity: BadProcessedEntitySpec. Null
   /// clears the pointer and leaves the flag.
@@ -95,13 +102,13 @@ class Process {
   void HasPostponementDelay(int flag) { mHasPostponementDelay = flag; }
   void SetPostponementDelay(IntBody body);
   /// Clock ticks.
-  int PostponementDelay() const { return mPostponementDelay; }
-  void PostponementDelay(int delay) { mPostponementDelay = delay; }
+  int PostponementDelay() const { return mBinding.postponementDelay; }
+  void PostponementDelay(int delay) { mBinding.postponementDelay = delay; }
   /// Whether the disposal of its event frees it.
-  int ToBeDeleted() const { return mToBeDeleted; }
-  void ToBeDeleted(int flag) { mToBeDeleted = flag; }
-  int IsRecorded() const { return mIsRecorded; }
-  void IsRecorded(int flag) { mIsRecorded = flag; }
+  int ToBeDeleted() const { return mBinding.toBeDeleted; }
+  void ToBeDeleted(int flag) { mBinding.toBeDeleted = flag; }
+  int IsRecorded() const { return mBinding.isRecorded; }
+  void IsRecorded(int flag) { mBinding.isRecorded = flag; }
   // EventOutputs.cpp
   /// The specification in charge of the class, found when the process got its class name; null without one.
   ProcessOutputSpec* GetOutputSpec() const { return mOutputSpec; }
@@ -139,13 +146,14 @@ class Process {
   static int mInstanceNumber;
 
  protected:
-  /// What every raw copy and assignment takes beyond the copy constructor.
-  void TakeBinding(const Process& other);
+  void TakeBinding(const Process& other) { mBinding = other.mBinding; }
   /// The predefined methods of a derived class, those of this one first.
   void BeginMethods(const PredefinedSet& set) { mMethods.Begin(set, this); }
   void ReportAbsent(int id, const char* caller) const;
   Method* MethodOr(int id, const char* caller);
   Method* MethodWithBody(int id, const char* caller);
+  template <class Body>
+  void Assign(int id, Body body);
   BasicEntity* BoundOrSpecifiedEntity();
 
   LazyMethods mMethods;
@@ -154,24 +162,31 @@ class Process {
   friend class Event;
   friend struct Ranks;
   void LeaveAgendas();  // EventDisposal.cpp
+  static void RefuseMethods();
+  void TraceDestruction() const;
 
-  ProcessSubclassId mSubclass = DISCRETE_PROCESS;
+  /// What every copy and assignment takes.
+  struct Binding {
+    BasicEntity* entity = nullptr;
+    EntitySpec* spec = nullptr;
+    int entityClass = 0;
+    int hasEntity = 0;
+    int hasSpec = 0;
+    int postponementDelay = 1;
+    int toBeDeleted = 0;
+    int isRecorded = 0;
+    ProcessSubclassId subclass = DISCRETE_PROCESS;
+  };
+
   int mClassSymbol = K_INT_UNSIGNIFICANT;
-  const char* mClassName = "";
   int mThisInstanceNumber = 0;
+  int mRank = K_INT_UNSIGNIFICANT;  // in mpInstanceTab
+  const char* mClassName = "";
   mutable RareText mInstanceName;
   mutable const char* mNameStem = nullptr;  // of a name that is composed when it is first read
-  BasicEntity* mProcessedEntity = nullptr;
-  int mProcessedEntityClassId = 0;
-  int mHasProcessedEntity = 0;
-  EntitySpec* mProcessedEntitySpec = nullptr;
-  int mHasProcessedEntitySpec = 0;
+  Binding mBinding;
   int mHasPrecondition = 0;
   int mHasPostponementDelay = 0;
-  int mPostponementDelay = 1;
-  int mToBeDeleted = 0;
-  int mIsRecorded = 0;
   ProcessOutputSpec* mOutputSpec = nullptr;
-  int mRank = K_INT_UNSIGNIFICANT;  // in mpInstanceTab
-  int mAgendaCouples = 0;           // couples of events in an agenda that hold this process
+  int mAgendaCouples = 0;  // couples of events in an agenda that hold this process
 };

@@ -39,26 +39,25 @@ void EntitySpecForProcessedEntityYieldsNone(Process* process, EntitySpec* spec) 
 
 void Process::ProcessedEntity(BasicEntity* entity) {
   if (entity != nullptr) {
-    if (!entity->IsInstanceOf(mProcessedEntityClassId)) BadProcessedEntityClass(this, entity);
-    mHasProcessedEntity = 1;
+    if (!entity->IsInstanceOf(mBinding.entityClass)) BadProcessedEntityClass(this, entity);
+    mBinding.hasEntity = 1;
   }
-  mProcessedEntity = entity;
+  mBinding.entity = entity;
 }
 
 void Process::ProcessedEntitySpec(EntitySpec* spec) {
   if (spec != nullptr) {
     const int classId = spec->GetReferenceClassId();
-    const bool isOfClass =
-        classId == mProcessedEntityClassId || IsAncestorOf(mProcessedEntityClassId, classId);
+    const bool isOfClass = classId == mBinding.entityClass || IsAncestorOf(mBinding.entityClass, classId);
     const bool isForOne = spec->GetMode() == RETURN_INSTANCES || spec->IntQuantity() == 1;
     if (!isOfClass || !isForOne) BadProcessedEntitySpec(this, classId);
-    mHasProcessedEntitySpec = 1;
+    mBinding.hasSpec = 1;
   }
-  mProcessedEntitySpec = spec;
+  mBinding.spec = spec;
 }
 
 BasicEntity* Process::ProcessedBasicEntity() {
-  if (mHasProcessedEntity == 0 && mHasProcessedEntitySpec == 0) {
+  if (mBinding.hasEntity == 0 && mBinding.hasSpec == 0) {
     DoNotHaveProcessedEntity(this);
     return nullptr;
   }
@@ -66,7 +65,7 @@ BasicEntity* Process::ProcessedBasicEntity() {
 }
 
 Entity* Process::ProcessedEntity() {
-  if (mHasProcessedEntity == 0 && mHasProcessedEntitySpec == 0 && mProcessedEntityClassId == 0) {
+  if (mBinding.hasEntity == 0 && mBinding.hasSpec == 0 && mBinding.entityClass == 0) {
     DoNotHaveProcessedEntity(this);
     return nullptr;
   }
@@ -74,16 +73,16 @@ Entity* Process::ProcessedEntity() {
 }
 
 BasicEntity* Process::BoundOrSpecifiedEntity() {
-  if (mProcessedEntity == nullptr) return SpecifiedProcessedBasicEntity();
-  return IsLivingEntity(mProcessedEntity) ? mProcessedEntity : nullptr;
+  if (mBinding.entity == nullptr) return SpecifiedProcessedBasicEntity();
+  return IsLivingEntity(mBinding.entity) ? mBinding.entity : nullptr;
 }
 
 Entity* Process::SpecifiedProcessedEntity() { return static_cast<Entity*>(SpecifiedProcessedBasicEntity()); }
 
 BasicEntity* Process::SpecifiedProcessedBasicEntity() {
-  if (mProcessedEntitySpec == nullptr) return GetFirstBasicEntity(mProcessedEntityClassId);
-  mProcessedEntitySpec->Expand();
-  const Tableau<BasicEntity*>& expansion = *mProcessedEntitySpec->GetExpansion();
-  if (expansion.empty()) EntitySpecForProcessedEntityYieldsNone(this, mProcessedEntitySpec);
+  if (mBinding.spec == nullptr) return GetFirstBasicEntity(mBinding.entityClass);
+  mBinding.spec->Expand();
+  const Tableau<BasicEntity*>& expansion = *mBinding.spec->GetExpansion();
+  if (expansion.empty()) EntitySpecForProcessedEntityYieldsNone(this, mBinding.spec);
   return expansion[0];
 }

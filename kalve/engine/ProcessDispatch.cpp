@@ -57,6 +57,19 @@ void DeleteProcessShallowly(Process* process) {
 
 // Members of the bases that look at the marks.
 
+/// What a raw copy takes.
+void DiscreteProcess::ShareWith(const DiscreteProcess& other) {
+  ++_nbConst;
+  if (g_KV_TraceNewDelMode != 0)
+    std::cout << "\n++raw copy construction de DP " << other.ClassName() << " " << this << " <- " << &other;
+  TakeBinding(other);
+  mIsReadSDRec = other.mIsReadSDRec;
+  mIsInitSDRec = other.mIsInitSDRec;
+  AddInstance(other.ClassSymbol(), other.ClassName());
+  mMethods.Share(other.mMethods, static_cast<Process*>(this));
+  TakeFlags(other);
+}
+
 DiscreteProcess* DiscreteProcess::RawCopy() {
   const auto copyOf = [this]<class Reader>(Reader* reader) {
     auto* copy = new Reader(true);
@@ -64,15 +77,15 @@ DiscreteProcess* DiscreteProcess::RawCopy() {
     copy->TakePlaceOf(*reader);
     return copy;
   };
-  if (mIsReadSDRec != 0) return copyOf(static_cast<ReadFactualDataRecordProcess*>(this));
-  if (mIsInitSDRec != 0) return copyOf(static_cast<InitFactualDataFileReadingProcess*>(this));
+  if (mIsReadSDRec) return copyOf(static_cast<ReadFactualDataRecordProcess*>(this));
+  if (mIsInitSDRec) return copyOf(static_cast<InitFactualDataFileReadingProcess*>(this));
   auto* copy = new DiscreteProcess(true);
   copy->ShareWith(*this);
   return copy;
 }
 
 void DiscreteProcess::DeleteInDepth() {
-  if (mIsReadSDRec != 0 || mIsInitSDRec != 0) return DeleteProcessInDepth(this);
+  if (mIsReadSDRec || mIsInitSDRec) return DeleteProcessInDepth(this);
   if (g_KV_TraceNewDelMode != 0) std::cout << "\n-Destruction profonde du processus ponctuel " << this;
   mMethods.DestroyMethods();
   Free(this);

@@ -158,10 +158,7 @@ void Simulation::DisposeOf(Event* event, Event* result) {
 }
 
 void Simulation::DisposeOfGenerating(Event* event) {
-  const bool generates = event->GetMethodWithBody(GENERATE_NEXTEVENT) != nullptr;
-  const bool updates = event->GetMethodWithBody(UPDATE_NEXTEVENT) != nullptr;
-  const bool defines = event->GetMethodWithBody(DEFINE_NEXTEVENTCLOCKTIME) != nullptr;
-  if (!generates && !updates && !defines) UnspecifiedPredefinedMethod("autogeneration", event);
+  if (!event->HasGeneration()) UnspecifiedPredefinedMethod("autogeneration", event);
   Event* next = event->GenerateNextEventCore() != 0 ? event->NextEvent() : nullptr;
   if (next == nullptr) {
     event->DeleteProcessesIfNeeded(true);

@@ -1,48 +1,60 @@
-// BlockPool: freed blocks of one size, kept for the next object of that size.
+// BlockPool: memory for objects of one size that come and go by the million.
 //
-// For classes whose objects come and go by the million. Their operator delete hands a block over, their
-// operator new takes one back. Each block comes from the global operator new and may go back to the global
-// operator delete, so that objects of derived classes may be freed through a base. Under the address
-// sanitizer nothing is kept: every fault shows.
+// Their operator new takes a block, their operator delete gives it back; the block given last is taken first,
+// while it is still in the cache. Blocks are cut one behind the other from a gigabyte of address space that
+// all pools share and keep to the end of the process. Its memory comes as it is touched, in huge pages but
+// for the first two megabytes: with 100,000 events in the agenda up to a quarter of the time went into
+// finding small pages.
+//
+// An object of another size, such as one of a derived class, gets a block of the global operator new, and so
+// does any other when the address space is used up or refused. Give() tells them apart.
+//
+// Under the address sanitizer every block is the global operators': every fault shows.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <new>
 
 class BlockPool {
  public:
-  /// For objects of `size` bytes, at least a pointer's.
+  /// For objects of `size` bytes, at least a pointer's, a multiple of their alignment.
   constexpr explicit BlockPool(std::size_t size) : mSize(size) {}
   BlockPool(const BlockPool&) = delete;
   BlockPool& operator=(const BlockPool&) = delete;
 
-  /// A block of at least `size` bytes; another size than the pool's goes past it.
+#if defined(__SANITIZE_ADDRESS__)
+  void* Take(std::size_t size) { return ::operator new(size); }
+  void Give(void* block) { ::operator delete(block); }
+#else
+  /// A block of `size` bytes.
   void* Take(std::size_t size) {
-    if (size != mSize || mFirst == nullptr) return ::operator new(size);
+    if (size != mSize) return ::operator new(size);
+    if (mFirst == nullptr) return Cut();
     Link* const block = mFirst;
     mFirst = block->next;
-    --mCount;
     return block;
   }
-  /// The block has at least the pool's size.
+  /// A block that some pool of this size or the global operator new gave out. Null does nothing.
   void Give(void* block) {
-#if defined(__SANITIZE_ADDRESS__)
-    ::operator delete(block);
-#else
-    if (block == nullptr) return;
-    if (mCount == mostKept) return ::operator delete(block);
+    if (reinterpret_cast<std::uintptr_t>(block) - sBegin >= addressSpace) return ::operator delete(block);
     mFirst = ::new (block) Link{mFirst};
-    ++mCount;
-#endif
   }
+#endif
 
  private:
   struct Link {
     Link* next;
   };
-  static constexpr int mostKept = 4096;
+  static constexpr std::size_t addressSpace = std::size_t{1} << 30;
+  static constexpr std::uintptr_t nowhere = std::uintptr_t{1} << 63;  // no block is less than that above it
+
+  void* Cut();
 
   std::size_t mSize;
   Link* mFirst = nullptr;
-  int mCount = 0;
+  char* mUncut = nullptr;  // of the pool's last slab
+  char* mSlabEnd = nullptr;
+  static std::uintptr_t sBegin;  // of the shared address space
+  static std::size_t sUsed;
 };

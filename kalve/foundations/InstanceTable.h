@@ -9,6 +9,7 @@
 // `Keep(item, from, to)` (`from` is -9 for a new instance) and `Forget(item, rank)`.
 #pragma once
 
+#include "kalve/foundations/Prefetch.h"
 #include "kalve/foundations/Tableau.h"
 
 template <class T, class Ranks>
@@ -25,6 +26,8 @@ class InstanceTable {
   const Tableau<T*>& Items() const;
   /// The first instance; null when there is none.
   T* First() const;
+  /// Asks for the memory that a removal looks at.
+  void Fetch(const T* item) const { Prefetch(mItems.begin() + mRanks.RankOf(item)); }
   /// The table itself, for a holder that keeps it.
   Tableau<T*>* Shared();
 

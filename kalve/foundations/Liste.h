@@ -7,13 +7,12 @@
 // freed. A copy has cells and a cursor of its own, the cursor off. Reading or freeing what is not there
 // (an empty list, a cursor that is off) throws an `int`.
 //
-// Cells come from chunks that the list keeps and uses again; erase() and the destructor give them back.
+// Cells come from a pool that the lists of one item type share.
 #pragma once
 
 #include <cstdio>
-#include <memory>
-#include <vector>
 
+#include "kalve/foundations/BlockPool.h"
 #include "kalve/foundations/Tableau.h"
 
 template <class T>
@@ -27,10 +26,19 @@ class Cell {
 
  private:
   friend class Liste<T>;
+  Cell(const T& item, Cell* previous, Cell* next) : mItem(item), mNext(next), mPrevious(previous) {}
+  static void* operator new(std::size_t size) { return pool.Take(size); }
+  static void operator delete(void* block) { pool.Give(block); }
+
   T mItem;
   Cell* mNext;
   Cell* mPrevious;
+
+  static BlockPool pool;
 };
+
+template <class T>
+constinit BlockPool Cell<T>::pool{sizeof(Cell)};
 
 template <class T>
 class Liste {
@@ -38,7 +46,7 @@ class Liste {
   Liste() = default;
   Liste(const Liste& other) { Append(other); }
   Liste& operator=(const Liste& other);
-  ~Liste() = default;
+  ~Liste() { erase(); }
 
   int size() const { return mSize; }
   int empty() const { return mSize == 0; }
@@ -108,7 +116,6 @@ class Liste {
     if (cell == nullptr) ThrowIndex(0);
     return cell;
   }
-  Cell<T>* NewCell();
   void Link(const T& item, Cell<T>* before, Cell<T>* behind);
   void Unlink(Cell<T>* cell);
   void Append(const Liste& other) {
@@ -119,9 +126,6 @@ class Liste {
   Cell<T>* mTail = nullptr;
   Cell<T>* mCurrent = nullptr;
   int mSize = 0;
-  int mNextChunk = 4;  // cells of the next chunk
-  Cell<T>* mFree = nullptr;
-  std::vector<std::unique_ptr<Cell<T>[]>> mChunks;
 };
 
 // Bodies -----------------------------------------------------------------------------------------------
@@ -135,27 +139,8 @@ Liste<T>& Liste<T>::operator=(const Liste& other) {
 }
 
 template <class T>
-Cell<T>* Liste<T>::NewCell() {
-  if (mFree == nullptr) {
-    auto chunk = std::make_unique_for_overwrite<Cell<T>[]>(static_cast<std::size_t>(mNextChunk));
-    for (int i = mNextChunk - 1; i >= 0; --i) {
-      chunk[static_cast<std::size_t>(i)].mNext = mFree;
-      mFree = &chunk[static_cast<std::size_t>(i)];
-    }
-    mChunks.push_back(std::move(chunk));
-    if (mNextChunk < 512) mNextChunk *= 2;
-  }
-  Cell<T>* cell = mFree;
-  mFree = cell->mNext;
-  return cell;
-}
-
-template <class T>
 void Liste<T>::Link(const T& item, Cell<T>* before, Cell<T>* behind) {
-  Cell<T>* cell = NewCell();
-  cell->mItem = item;
-  cell->mPrevious = before;
-  cell->mNext = behind;
+  auto* const cell = new Cell<T>(item, before, behind);
   (before != nullptr ? before->mNext : mHead) = cell;
   (behind != nullptr ? behind->mPrevious : mTail) = cell;
   ++mSize;
@@ -166,8 +151,7 @@ void Liste<T>::Unlink(Cell<T>* cell) {
   (cell->mPrevious != nullptr ? cell->mPrevious->mNext : mHead) = cell->mNext;
   (cell->mNext != nullptr ? cell->mNext->mPrevious : mTail) = cell->mPrevious;
   if (mCurrent == cell) mCurrent = nullptr;
-  cell->mNext = mFree;
-  mFree = cell;
+  delete cell;
   --mSize;
 }
 
@@ -179,10 +163,13 @@ void Liste<T>::remove_first(const T& item) {
 
 template <class T>
 void Liste<T>::erase() {
-  mHead = mTail = mCurrent = mFree = nullptr;
+  for (Cell<T>* cell = mHead; cell != nullptr;) {
+    Cell<T>* const next = cell->mNext;
+    delete cell;
+    cell = next;
+  }
+  mHead = mTail = mCurrent = nullptr;
   mSize = 0;
-  mNextChunk = 4;
-  mChunks.clear();
 }
 
 template <class T>

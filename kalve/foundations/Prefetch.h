@@ -3,8 +3,15 @@
 
 #include <cstddef>
 
-inline void Prefetch(const void* start, std::size_t size) {
+inline void PrefetchLine(const void* address) {
+  __builtin_prefetch(address, 1);
+  asm volatile("");  // or the compiler finds that a loop of prefetches does nothing, and drops it
+}
+
+/// The cache lines of an object that begins with one; all but perhaps the last of any other.
+template <class T>
+inline void Prefetch(const T* object) {
   constexpr std::size_t cacheLine = 64;
-  for (std::size_t at = 0; at < size; at += cacheLine)
-    __builtin_prefetch(static_cast<const char*>(start) + at, 1);
+  for (std::size_t at = 0; at < sizeof(T); at += cacheLine)
+    PrefetchLine(reinterpret_cast<const char*>(object) + at);
 }

@@ -6,6 +6,7 @@
 #include "kalve/foundations/Records.h"
 #include "kalve/foundations/TraceSwitches.h"
 
+constinit BlockPool Argument::pool{sizeof(EventArgument)};
 int Argument::_nbConst = 0;
 int Argument::_nbDest = 0;
 
@@ -102,5 +103,5 @@ void AssignArgument(Argument& target, const Argument& source) {
 
 void DestroyArgument(Argument* argument) {
   VisitArgument(*argument, []<class Class>(const Class& tagged) { tagged.~Class(); });
-  ::operator delete(argument);
+  Argument::operator delete(argument);
 }

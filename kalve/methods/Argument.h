@@ -11,6 +11,7 @@
 
 #include <string>
 
+#include "kalve/foundations/BlockPool.h"
 #include "kalve/foundations/Enumerations.h"
 #include "kalve/foundations/Holders.h"
 #include "kalve/foundations/SharedConstants.h"
@@ -22,6 +23,8 @@ class Argument {
   Argument() { ++_nbConst; }
   Argument& operator=(const Argument&) = delete;
   ~Argument();
+  static void* operator new(std::size_t size) { return pool.Take(size); }
+  static void operator delete(void* block) { pool.Give(block); }
 
   ValueTypeId ClassType() const { return mClassType; }
   void ClassType(ValueTypeId type) { mClassType = type; }
@@ -52,6 +55,7 @@ class Argument {
   int mClassSymbol = K_INT_UNSIGNIFICANT;
   const char* mClassName = "";
 
+  static BlockPool pool;  // for the slots of numbers and pointers
   static int _nbConst;
   static int _nbDest;
 };

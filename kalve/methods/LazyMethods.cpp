@@ -1,5 +1,6 @@
 #include "kalve/methods/LazyMethods.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "kalve/foundations/FailureReport.h"
@@ -13,15 +14,27 @@ constinit BlockPool LazyMethods::Block::pool{sizeof(LazyMethods::Block)};
 
 namespace {
 
-void Tell(Method* method, Event* owner) { static_cast<EventMethod*>(method)->DescribedEvent(owner); }
-void Tell(Method* method, Process* owner) { static_cast<ProcessMethod*>(method)->DescribedProcess(owner); }
-
 void CountUnmade(int methods, int arguments) {
   Method::CountUnmade(methods, 0);
   Argument::CountUnmade(arguments, 0);
 }
 
 }  // namespace
+
+void LazyMethods::Block::Keep(int rank, Method* method) {
+  places[rank] = ++madeCount;
+  (madeCount <= few ? made[madeCount - 1] : MakeMore().made[madeCount - 1 - few]) = method;
+}
+
+void LazyMethods::Block::ForgetMade() {
+  std::fill(std::begin(places), std::end(places), std::uint8_t{0});
+  madeCount = 0;
+}
+
+LazyMethods::More& LazyMethods::Block::MakeMore() {
+  if (more == nullptr) more = std::make_unique<More>();
+  return *more;
+}
 
 // Making ----------------------------------------------------------------------------------------------
 
@@ -59,12 +72,17 @@ void LazyMethods::MakeAll() const {
   for (int rank = 0; rank < mSet->size; ++rank) At(rank);
 }
 
-LazyMethods::Block& LazyMethods::OwnBlock() const {
-  if (mBlock == nullptr) {
-    mBlock = new Block;
-    mBlock->owner = mOwner;
-  }
+LazyMethods::Block& LazyMethods::NewBlock() const {
+  mBlock = new Block;
+  mBlock->owner = mOwner;
   return *mBlock;
+}
+
+Method* LazyMethods::FindWithBody(int id) const {
+  const int rank = Rank(id);
+  Method* method = MadeAt(rank);
+  if (method == nullptr && mSet->rows[rank].hasBody) method = Make(rank);
+  return method != nullptr && method->HasBodyAssigned() ? method : nullptr;
 }
 
 // Reading ---------------------------------------------------------------------------------------------
@@ -85,7 +103,7 @@ Tableau<Method*> LazyMethods::Methods() const {
 }
 
 Tableau<int> LazyMethods::Ranks() const {
-  if (HasAdded()) return mBlock->added->ranks;
+  if (HasAdded()) return mBlock->more->ranks;
   Tableau<int> ranks(mSet->ids);
   for (int id = 0; id < mSet->ids; ++id) ranks.push_back(mSet->rankOf[id]);
   return ranks;
@@ -97,12 +115,12 @@ void LazyMethods::Add(Method* method, const char* where) {
   const int id = method->ClassSymbol();
   if (id < 0) FailOnIndex(where, Ranks().size(), id);
   if (OwnBlock().holders > 1) Part();
-  if (!HasAdded()) mBlock->added.reset(new Added{{}, Ranks()});
-  Added& added = *mBlock->added;
+  More& more = mBlock->MakeMore();
+  if (more.ranks.empty()) more.ranks = Ranks();
   bool isThere = false;
   for (int rank = 0; rank < Size(); ++rank) isThere = isThere || MadeAt(rank) == method;
-  if (!isThere) added.methods.push_back(method);
-  set_nth_num(added.ranks, id, Size() - 1);
+  if (!isThere) more.added.push_back(method);
+  set_nth_num(more.ranks, id, Size() - 1);
 }
 
 /// The same methods in a block of its own.
@@ -110,8 +128,11 @@ void LazyMethods::Part() {
   MakeAll();
   auto* const own = new Block;
   own->owner = mBlock->owner;
-  for (int rank = 0; rank < mSet->size; ++rank) own->Keep(rank, mBlock->made[rank]);
-  if (HasAdded()) own->added = std::make_unique<Added>(*mBlock->added);
+  for (int rank = 0; rank < mSet->size; ++rank) own->Keep(rank, mBlock->MadeAt(rank));
+  if (HasAdded()) {
+    own->MakeMore().added = mBlock->more->added;
+    own->more->ranks = mBlock->more->ranks;
+  }
   LetGo();
   mBlock = own;
 }
@@ -122,31 +143,8 @@ void LazyMethods::AssignMethods(const LazyMethods& source) {
   for (int rank = 0; rank < others.size(); ++rank) AssignMethod(*own[rank], *others[rank]);
 }
 
-template <class Owner>
-void LazyMethods::Share(const LazyMethods& source, Owner* owner) {
-  ++source.OwnBlock().holders;
-  LetGo();
-  mSet = source.mSet;
-  mBlock = source.mBlock;
-  Describe(owner);
-}
-
-template <class Owner>
-void LazyMethods::Describe(Owner* owner) {
-  mOwner = owner;
-  if (mBlock == nullptr) return;
-  mBlock->owner = owner;
-  ForEachMade([owner](Method* method, int) { Tell(method, owner); });
-  if (HasAdded())
-    for (Method* method : mBlock->added->methods) Tell(method, owner);
-}
-
 template void LazyMethods::Begin(const PredefinedSet&, Event*);
 template void LazyMethods::Begin(const PredefinedSet&, Process*);
-template void LazyMethods::Share(const LazyMethods&, Event*);
-template void LazyMethods::Share(const LazyMethods&, Process*);
-template void LazyMethods::Describe(Event*);
-template void LazyMethods::Describe(Process*);
 
 void LazyMethods::Forget() {
   LetGo();
@@ -159,23 +157,16 @@ void LazyMethods::DestroyMethods() {
   int unmade = mSet->size;
   int arguments = mSet->arguments;
   if (mBlock != nullptr) {
-    ForEachMade([&](Method* method, int rank) {
-      DestroyMethod(method);
-      mBlock->made[rank] = nullptr;  // for those who share it
-      --unmade;
-      arguments -= mSet->rows[rank].arguments;
-    });
-    mBlock->madeRanks = 0;
+    unmade -= mBlock->madeCount;
+    for (int rank = 0; rank < mSet->size; ++rank)
+      if (mBlock->places[rank] != 0) arguments -= mSet->rows[rank].arguments;
+    ForEachMade(DestroyMethod);
     if (HasAdded())
-      for (Method* method : mBlock->added->methods) DestroyMethod(method);
-    mBlock->added = nullptr;
+      for (Method* method : mBlock->more->added) DestroyMethod(method);
+    mBlock->ForgetMade();  // for those who share it
+    mBlock->more = nullptr;
   }
   Method::CountUnmade(0, unmade);
   Argument::CountUnmade(0, arguments);
   Forget();
-}
-
-void LazyMethods::FetchMethods() const {
-  if (mBlock != nullptr)
-    ForEachMade([](const Method* method, int) { Prefetch(method, sizeof(VoidEventMethod)); });
 }

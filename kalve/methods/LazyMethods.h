@@ -11,12 +11,13 @@
 // methods alone, and the reads throw an `int` for an absent id.
 #pragma once
 
-#include <bit>
+#include <cstdint>
 #include <memory>
 
 #include "kalve/foundations/BlockPool.h"
 #include "kalve/foundations/Prefetch.h"
 #include "kalve/foundations/Tableau.h"
+#include "kalve/methods/Method.h"
 #include "kalve/methods/MethodTable.h"
 #include "kalve/methods/PredefinedSet.h"
 
@@ -37,14 +38,18 @@ class LazyMethods {
 
   /// The method of an id. Throws an `int` for an id beyond the table, and for one without a method.
   Method* operator[](int id) const { return At(Rank(id)); }
-  /// The same for a method that may have a body; null for one that was never looked at and has none.
-  Method* Touched(int id) const {
-    const int rank = Rank(id);
-    Method* const made = MadeAt(rank);
-    return made != nullptr || !mSet->rows[rank].hasBody ? made : Make(rank);
+  /// The same when it has a body, else null; a method without body is not made for the question.
+  Method* WithBody(int id) const {
+    if (mBlock == nullptr || mBlock->more != nullptr) return FindWithBody(id);
+    const int rank = mSet->Rank(id);
+    if (rank < 0) return FindWithBody(id);
+    const int place = mBlock->places[rank];
+    if (place == 0) return (mSet->ranksWithBody >> rank & 1U) != 0 ? Make(rank) : nullptr;
+    Method* const made = mBlock->made[place - 1];
+    return made->HasBodyAssigned() ? made : nullptr;
   }
   /// Its rank, negative for none; throws an `int` for an id beyond the table.
-  int Rank(int id) const { return HasAdded() ? mBlock->added->ranks[id] : mSet->Rank(id); }
+  int Rank(int id) const { return HasAdded() ? mBlock->more->ranks[id] : mSet->Rank(id); }
   /// The method of lowest rank that has the name, or null.
   Method* Named(const char* name) const;
   /// All of them by rank, and the ranks by id.
@@ -71,39 +76,51 @@ class LazyMethods {
   void DestroyMethods();
 
   /// Ask for the memory of what they look at: first the block, then what it says.
-  void FetchBlock() const { Prefetch(mBlock, mBlock != nullptr ? sizeof(Block) : 0); }
-  void FetchMethods() const;
+  void FetchBlock() const { Prefetch(mBlock); }
+  void FetchMethods() const {
+    if (mBlock != nullptr) ForEachMade([](const Method* method) { Prefetch(method); });
+  }
+  void FetchArguments() const {
+    if (mBlock != nullptr) ForEachMade([](const Method* method) { method->FetchArgument(); });
+  }
 
  private:
-  struct Added {
-    Tableau<Method*> methods;
-    Tableau<int> ranks;  // of all methods
+  static constexpr int few = 4;
+  /// What most owners do not have.
+  struct More {
+    Method* made[PredefinedSet::most - few];
+    Tableau<Method*> added;
+    Tableau<int> ranks;  // of all methods, once one was added
   };
 
-  /// What is not as the set says: the objects made so far, and the methods added.
+  /// What is not as the set says: the objects made so far, and the methods added. A cache line.
   struct Block {
     static void* operator new(std::size_t size) { return pool.Take(size); }
     static void operator delete(void* block) { pool.Give(block); }
     static BlockPool pool;
 
     int holders = 1;
+    std::uint8_t places[PredefinedSet::most] = {};  // of the object of each rank, from 1; 0 before it is made
+    std::uint8_t madeCount = 0;
     void* owner;  // whom the methods still to be made describe
-    Method* made[PredefinedSet::most] = {};
-    unsigned madeRanks = 0;  // a bit each
-    std::unique_ptr<Added> added;
+    Method* made[few];
+    std::unique_ptr<More> more;
 
-    void Keep(int rank, Method* method) {
-      made[rank] = method;
-      madeRanks |= 1U << rank;
-    }
+    Method* Made(int place) const { return place <= few ? made[place - 1] : more->made[place - 1 - few]; }
+    Method* MadeAt(int rank) const { return places[rank] == 0 ? nullptr : Made(places[rank]); }
+    void Keep(int rank, Method* method);
+    void ForgetMade();
+    More& MakeMore();
   };
 
-  bool HasAdded() const { return mBlock != nullptr && mBlock->added != nullptr; }
-  int Size() const { return mSet->size + (HasAdded() ? mBlock->added->methods.size() : 0); }
+  bool HasAdded() const {
+    return mBlock != nullptr && mBlock->more != nullptr && !mBlock->more->ranks.empty();
+  }
+  int Size() const { return mSet->size + (HasAdded() ? mBlock->more->added.size() : 0); }
   Method* MadeAt(int rank) const {
     if (rank < 0) ThrowIndex(rank);
     if (mBlock == nullptr) return nullptr;
-    return rank < mSet->size ? mBlock->made[rank] : mBlock->added->methods[rank - mSet->size];
+    return rank < mSet->size ? mBlock->MadeAt(rank) : mBlock->more->added[rank - mSet->size];
   }
   Method* At(int rank) const {
     Method* const made = MadeAt(rank);
@@ -112,14 +129,17 @@ class LazyMethods {
   /// There is a block.
   template <class Act>
   void ForEachMade(Act act) const {
-    for (unsigned left = mBlock->madeRanks; left != 0; left &= left - 1) {
-      const int rank = std::countr_zero(left);
-      act(mBlock->made[rank], rank);
-    }
+    for (int place = 1; place <= mBlock->madeCount; ++place) act(mBlock->Made(place));
   }
+  static void Tell(Method* method, Event* owner) { static_cast<EventMethod*>(method)->DescribedEvent(owner); }
+  static void Tell(Method* method, Process* owner) {
+    static_cast<ProcessMethod*>(method)->DescribedProcess(owner);
+  }
+  Method* FindWithBody(int id) const;
   Method* Make(int rank) const;
   void MakeAll() const;
-  Block& OwnBlock() const;
+  Block& OwnBlock() const { return mBlock != nullptr ? *mBlock : NewBlock(); }
+  Block& NewBlock() const;
   void Part();
   void LetGo() {
     if (mBlock != nullptr && --mBlock->holders == 0) delete mBlock;
@@ -129,3 +149,24 @@ class LazyMethods {
   void* mOwner = nullptr;  // while there is no block
   mutable Block* mBlock = nullptr;
 };
+
+// What every raw copy does.
+
+template <class Owner>
+void LazyMethods::Share(const LazyMethods& source, Owner* owner) {
+  ++source.OwnBlock().holders;
+  LetGo();
+  mSet = source.mSet;
+  mBlock = source.mBlock;
+  Describe(owner);
+}
+
+template <class Owner>
+void LazyMethods::Describe(Owner* owner) {
+  mOwner = owner;
+  if (mBlock == nullptr) return;
+  mBlock->owner = owner;
+  ForEachMade([owner](Method* method) { Tell(method, owner); });
+  if (HasAdded())
+    for (Method* method : mBlock->more->added) Tell(method, owner);
+}

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <limits>
+#include <string>
+#include <unordered_map>
 
 #include "kalve/foundations/CoreException.h"
 #include "kalve/foundations/FailureReport.h"
@@ -15,13 +18,22 @@ int Method::_nbDest = 0;
 constinit BlockPool Method::pool{sizeof(VoidEventMethod)};
 
 Method::Method(ObjectClassId branch, ValueTypeId type, int id, const char* name)
-    : mObjectClass(branch), mClassType(type), mClassSymbol(id), mClassName(name) {
+    : mObjectClass(static_cast<std::uint8_t>(branch)),
+      mClassType(static_cast<std::uint8_t>(type)),
+      mClassSymbol(id),
+      mClassName(name) {
   if (g_KV_TraceNewDelMode != 0)
     std::printf("\n+Construction de la méthode %p", static_cast<const void*>(this));
   ++_nbConst;
 }
 
 namespace {
+
+/// Comments are rare, and methods many. The table outlives every method.
+std::unordered_map<const Method*, std::string>& Comments() {
+  static auto& comments = *new std::unordered_map<const Method*, std::string>;
+  return comments;
+}
 
 constexpr ValueTypeSet copiedArguments = {
     INT,     FLOAT,       DOUBLE, STRING, P_ENTITY, ENTITY_TAB, INTDOMAIN, P_DESCVALUESPEC, DESCVALUESPEC_TAB,
@@ -34,8 +46,8 @@ Method::Method(const Method& other)
       mClassType(other.mClassType),
       mClassSymbol(other.mClassSymbol),
       mClassName(other.mClassName),
-      mClassShortComment(other.mClassShortComment),
       mBody(other.mBody) {
+  if (other.mHasComment) ClassShortComment(other.ClassShortComment());
   if (g_KV_TraceNewDelMode != 0)
     std::printf("\n+Copie construction de la méthode %p <- %p", static_cast<const void*>(this),
                 static_cast<const void*>(&other));
@@ -48,6 +60,7 @@ Method::~Method() {
   if (g_KV_TraceNewDelMode != 0)
     std::printf("\n-Destruction de la méthode %p", static_cast<const void*>(this));
   for (Argument* argument : mArgumentTab) DestroyArgument(argument);
+  if (mHasComment) Comments().erase(this);
   RemoveInstance(this);
   ++_nbDest;
 }
@@ -56,7 +69,12 @@ void Method::RemoveInstance(Method* /*method*/) { --mInstanceNumber; }
 
 char* Method::ClassName() const { return strdup(OrEmpty(mClassName)); }
 
-void Method::ClassShortComment(const char* comment) { mClassShortComment.Set(OrEmpty(comment)); }
+const char* Method::ClassShortComment() const { return mHasComment ? Comments()[this].c_str() : ""; }
+
+void Method::ClassShortComment(const char* comment) {
+  Comments()[this] = std::string(OrEmpty(comment));
+  mHasComment = true;
+}
 
 // Arguments --------------------------------------------------------------------------------------------
 
@@ -67,26 +85,27 @@ Tableau<Argument*> ArgumentSlots::Table() const {
 }
 
 int ArgumentSlots::IdLimit() const {
-  if (mMany != nullptr) return mMany->ranks.size();
+  if (AreMany()) return mMany->ranks.size();
   int limit = 0;
   for (int rank = 0; rank < mCount; ++rank) limit = std::max(limit, mIds[rank] + 1);
   return limit;
 }
 
 void ArgumentSlots::Add(Argument* argument, int id) {
-  if (mMany == nullptr) {
+  if (!AreMany()) {
     const bool isNew = Rank(id) < 0 && std::find(begin(), end(), argument) == end();
-    if (isNew && mCount < few) {
+    if (isNew && mCount < few && id <= std::numeric_limits<std::int16_t>::max()) {
       mFew[mCount] = argument;
-      mIds[mCount++] = id;
+      mIds[mCount++] = static_cast<std::int16_t>(id);
       return;
     }
-    auto many = std::make_unique<Many>();
+    auto* const many = new Many;
     for (int rank = 0; rank < mCount; ++rank) {
       many->arguments.push_back(mFew[rank]);
       set_nth_num(many->ranks, mIds[rank], rank);
     }
-    mMany = std::move(many);
+    mMany = many;
+    mCount = -1;
   }
   mMany->arguments.push_back_ifnew(argument);
   set_nth_num(mMany->ranks, id, mMany->arguments.size() - 1);

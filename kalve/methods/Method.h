@@ -11,9 +11,11 @@
 // A method belongs to one owner and owns its arguments.
 #pragma once
 
+#include <cstdint>
+
 #include "kalve/foundations/BlockPool.h"
 #include "kalve/foundations/Enumerations.h"
-#include "kalve/foundations/RareText.h"
+#include "kalve/foundations/Prefetch.h"
 #include "kalve/foundations/SharedConstants.h"
 #include "kalve/foundations/Tableau.h"
 #include "kalve/methods/ArgumentSlots.h"
@@ -28,8 +30,8 @@ class Method {
 
   // Identity
   int ObjectClass() const { return mObjectClass; }
-  ValueTypeId ClassType() const { return mClassType; }
-  void ClassType(ValueTypeId type) { mClassType = type; }
+  ValueTypeId ClassType() const { return static_cast<ValueTypeId>(mClassType); }
+  void ClassType(ValueTypeId type) { mClassType = static_cast<std::uint8_t>(type); }
   /// The id: key of the owner's table and index of MethodIdToCharTab.
   int ClassSymbol() const { return mClassSymbol; }
   void ClassSymbol(int id) { mClassSymbol = id; }
@@ -39,7 +41,7 @@ class Method {
   void ClassName(const char* name) { mClassName = name; }
   /// The pointer itself, for searches.
   const char* StoredClassName() const { return mClassName; }
-  const char* ClassShortComment() const { return mClassShortComment.Get(); }
+  const char* ClassShortComment() const;
   void ClassShortComment(const char* comment);
 
   // Body
@@ -51,6 +53,8 @@ class Method {
   /// InexistantArgument for an id without argument, the index failure beyond the table.
   Argument* GetArg(int id);
   Tableau<Argument*> ArgumentTab() const { return mArgumentTab.Table(); }
+  /// Asks for the memory of the first one.
+  void FetchArgument() const { PrefetchLine(mArgumentTab.First()); }
 
   /// Writes the argument of an id; BadArgumentType when its type is another. Texts are duplicated, number
   /// tables and domains change hands, all other pointers are borrowed.
@@ -119,15 +123,16 @@ class Method {
   template <class Class>
   Class& TypedArg(int id, const char* operation);
 
-  int mObjectClass;
-  ValueTypeId mClassType;
+  // With a leaf's pointer to its owner this is a cache line.
+  std::uint8_t mObjectClass;
+  std::uint8_t mClassType;
+  bool mHasComment = false;
   int mClassSymbol;
   const char* mClassName;
-  RareText mClassShortComment;
   ArgumentSlots mArgumentTab;
   ErasedBody mBody = nullptr;
 
-  static BlockPool pool;  // for most leaves, which have a pointer more
+  static BlockPool pool;  // for leaves of that size
   static int _nbConst;
   static int _nbDest;
 };

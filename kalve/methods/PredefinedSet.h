@@ -23,6 +23,7 @@ struct PredefinedSet {
     for (int rank = 0; rank < size; ++rank) {
       const int id = rows[rank].id;
       rankOf[id] = rank;
+      if (rows[rank].hasBody) ranksWithBody |= 1U << rank;
       arguments += rows[rank].arguments;
       if (id >= ids) ids = id + 1;
     }
@@ -37,7 +38,8 @@ struct PredefinedSet {
   int size;
   PredefinedRow rows[most];
   int ids = 0;
-  int arguments = 0;  ///< of all methods
+  int arguments = 0;           ///< of all methods
+  unsigned ranksWithBody = 0;  ///< a bit for each default body
   int rankOf[18] = {};
 };
 

@@ -119,7 +119,7 @@ TEST(Argument, TracesItsLifeOnDemand) {
   alignas(EventArgument) char room[sizeof(EventArgument)] = {};
   EXPECT_EQ(OutputOf([&room] {
               g_KV_TraceNewDelMode = 1;
-              (new (room) EventArgument(13, "previousEventArgument"))->~EventArgument();
+              (::new (room) EventArgument(13, "previousEventArgument"))->~EventArgument();
             }),
             "+Construction de l'argument EVENT previousEventArgument\" " + address(room) +
                 "\n-Destruction de l'argument " + address(room) + "\n");

@@ -74,9 +74,9 @@ TEST(LazyMethods, AreFoundByIdAndNameWithRanksAsIfAllWereThere) {
   EXPECT_LT(owner.methods.Rank(GENERATE_NEXTEVENT), 0);
   EXPECT_EQ(owner.methods.Ranks().size(), IS_POPPING_TO_SUSPEND + 1);
   EXPECT_TRUE(Throws([&] { owner.methods[GENERATE_NEXTEVENT]; }));
-  EXPECT_TRUE(Throws([&] { owner.methods.Touched(IS_POPPING_TO_SUSPEND + 1); }));
-  EXPECT_EQ(owner.methods.Touched(UPDATE_NEXTEVENT), nullptr);
-  EXPECT_TRUE(owner.methods.Touched(IS_POPPING_TO_SUSPEND)->HasBodyAssigned());
+  EXPECT_TRUE(Throws([&] { owner.methods.WithBody(IS_POPPING_TO_SUSPEND + 1); }));
+  EXPECT_EQ(owner.methods.WithBody(UPDATE_NEXTEVENT), nullptr);
+  EXPECT_TRUE(owner.methods.WithBody(IS_POPPING_TO_SUSPEND)->HasBodyAssigned());
   Method* const update = owner.methods.Named("updateNextEvent");
   EXPECT_EQ(update, owner.methods[UPDATE_NEXTEVENT]);
   update->ClassName("autre");
